@@ -1,0 +1,51 @@
+# The front door: `make run` to use the editor, `make test` to check it.
+PACKAGES := qt6-base-dev qt6-svg-dev libzip-dev pkg-config cmake g++ make \
+            xvfb xauth fonts-dejavu-core
+JOBS     ?= $(shell nproc 2>/dev/null || echo 2)
+SUDO     := $(shell [ "$$(id -u)" = 0 ] || echo sudo)
+
+RELEASE_DIR := build/release
+DEBUG_DIR   := build/debug
+BENCH_DIR   := build/bench
+
+.PHONY: all deps build run test bench clean
+
+all: build
+
+# Installs only what is missing, so a second call is quick and quiet.
+deps:
+	@missing=""; \
+	for p in $(PACKAGES); do \
+	    dpkg-query -W -f='$${Status}' $$p 2>/dev/null | grep -q "install ok installed" || missing="$$missing $$p"; \
+	done; \
+	if [ -n "$$missing" ]; then \
+	    echo "Installing:$$missing"; \
+	    $(SUDO) apt-get update -qq && \
+	    $(SUDO) env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq $$missing; \
+	fi
+
+build: deps
+	cmake -S . -B $(RELEASE_DIR) -DCMAKE_BUILD_TYPE=Release -DTINTOREL_TESTS=OFF
+	cmake --build $(RELEASE_DIR) -j $(JOBS)
+
+run: build
+	@if [ -z "$$DISPLAY" ] && [ -z "$$WAYLAND_DISPLAY" ]; then \
+	    echo "No display found. Start the editor in a virtual one with:"; \
+	    echo "    xvfb-run -a $(RELEASE_DIR)/src/tintorel"; \
+	else \
+	    $(RELEASE_DIR)/src/tintorel; \
+	fi
+
+test: deps
+	cmake -S . -B $(DEBUG_DIR) -DCMAKE_BUILD_TYPE=Debug -DTINTOREL_SANITIZE=ON -DTINTOREL_TESTS=ON
+	cmake --build $(DEBUG_DIR) -j $(JOBS)
+	cd $(DEBUG_DIR) && QT_QPA_PLATFORM=offscreen ctest --output-on-failure -j $(JOBS)
+
+bench: deps
+	cmake -S . -B $(BENCH_DIR) -DCMAKE_BUILD_TYPE=Release -DTINTOREL_TESTS=OFF -DTINTOREL_BENCH=ON
+	cmake --build $(BENCH_DIR) -j $(JOBS)
+	@if [ -x $(BENCH_DIR)/bench/tintorel_bench ]; then $(BENCH_DIR)/bench/tintorel_bench; \
+	else echo "No benchmarks yet."; fi
+
+clean:
+	rm -rf build

@@ -1,0 +1,9 @@
+#include "app/documenttabview.h"
+
+DocumentTabView::DocumentTabView(QWidget* parent)
+    : QTabWidget(parent)
+{
+    setDocumentMode(true);
+    setTabsClosable(true);
+    setMovable(true);
+}
