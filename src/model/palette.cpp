@@ -14,15 +14,6 @@ const std::array<int, 17> colourStepList = {
 // level / 7 * 255 rounded up, not to nearest: level 1 is 37 and level 5 is 183.
 constexpr std::array<int, 8> levelChannel = { 0, 37, 73, 110, 146, 183, 219, 255 };
 
-int snapChannel(int c)
-{
-    c = qBound(0, c, 255);
-    const int i = c / 16;
-    const int lo = colourStepList[i];
-    const int hi = colourStepList[qMin(i + 1, 16)];
-    return (c - lo) > (hi - c) ? hi : lo; // a tie goes down
-}
-
 QString paletteFileSuffix() { return QStringLiteral(".npl"); }
 
 qint64 paletteFileSize(const QString& fileName)
@@ -37,6 +28,15 @@ Palette::Palette(QObject* parent)
     : QObject(parent)
     , mId(QUuid::createUuid())
 {
+}
+
+int Palette::snapChannel(int c)
+{
+    c = qBound(0, c, 255);
+    const int i = c / 16;
+    const int lo = colourStepList[i];
+    const int hi = colourStepList[qMin(i + 1, 16)];
+    return (c - lo) > (hi - c) ? hi : lo; // a tie goes down
 }
 
 int Palette::channelForLevel(int level)

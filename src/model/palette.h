@@ -39,6 +39,8 @@ public:
     bool exportBinary(const QString& directory) const;
 
     static QColor snapColour(const QColor& colour);
+    // One 8-bit channel onto the 17-step grid; a tie goes down.
+    static int snapChannel(int channel);
     static ushort encode(const QColor& colour, bool priority);
     static QColor decode(ushort raw);
     static int channelForLevel(int level);
