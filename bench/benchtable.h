@@ -1,0 +1,28 @@
+#pragma once
+#include <QList>
+#include <QString>
+#include <functional>
+
+// Times a piece of work several times and prints the medians as one table,
+// each beside the target it must meet.
+class BenchTable
+{
+public:
+    // Runs `work` `runs` times after one warm-up and records the median in
+    // the given unit ("s", "ms" or "us"), divided by `perCall` repetitions.
+    void measure(const QString& name, const QString& unit, double target, int runs,
+                 const std::function<void()>& work, int perCall = 1);
+    void print() const;
+    bool allMet() const;
+
+private:
+    struct Row
+    {
+        QString name;
+        QString unit;
+        double median;
+        double target;
+        int runs;
+    };
+    QList<Row> mRows;
+};
