@@ -1,0 +1,46 @@
+#pragma once
+#include <QFile>
+#include <QList>
+#include <QObject>
+
+class QImage;
+struct zip;
+struct zip_source;
+
+// The project archive: read entry by entry, or built in memory and written
+// over the file in place when closed. Every failure is a false or an empty
+// result; reading refuses entries too large to be an honest project's.
+class ZipFile : public QObject
+{
+    Q_OBJECT
+public:
+    // An entry that claims to unpack to more than this is treated as missing.
+    static constexpr quint64 MaxEntrySize = quint64(256) * 1024 * 1024;
+
+    explicit ZipFile(QObject* parent = nullptr);
+    ~ZipFile() override;
+
+    bool openRead(const QString& path);
+    bool openWrite(const QString& path);
+    bool close();
+
+    bool contains(const QString& name) const;
+    QByteArray read(const QString& name) const;
+    QImage readImage(const QString& name) const;
+
+    bool write(const QString& name, const QByteArray& bytes);
+    bool writeImage(const QString& name, const QImage& image);
+
+private:
+    enum class Mode { Closed, Reading, Writing };
+
+    qint64 entryIndex(const QString& name, quint64* size = nullptr) const;
+    QByteArray finishedArchive();
+    void release();
+
+    Mode mMode = Mode::Closed;
+    zip* mArchive = nullptr;
+    zip_source* mBuffer = nullptr; // the archive's bytes while writing
+    QFile mFile;                   // opened by openWrite, filled by close
+    QList<QByteArray> mEntries;    // written data, read by libzip only in close
+};

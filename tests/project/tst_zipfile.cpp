@@ -1,0 +1,308 @@
+#include "project/zipfile.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QImage>
+#include <QTemporaryDir>
+#include <QtEndian>
+#include <QtTest>
+
+#include <zip.h>
+
+#include <cstring>
+#include <memory>
+
+namespace {
+
+QByteArray readFile(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+bool writeFile(const QString& path, const QByteArray& bytes)
+{
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+}
+
+// Sets a 32-bit field of the first entry in both its local header and its
+// central directory record, where every field after "version made by" lies
+// two bytes further on.
+void patchFirstEntry(QByteArray& archive, int localOffset, quint32 value)
+{
+    const int endRecord = int(archive.size()) - 22;
+    const auto centralDirectory = int(qFromLittleEndian<quint32>(archive.constData() + endRecord + 16));
+    qToLittleEndian(value, archive.data() + localOffset);
+    qToLittleEndian(value, archive.data() + centralDirectory + localOffset + 2);
+}
+
+constexpr int CrcField = 14;
+constexpr int UncompressedSizeField = 22;
+
+QImage sampleImage()
+{
+    QImage image(5, 3, QImage::Format_ARGB32);
+    image.fill(qRgba(10, 20, 30, 255));
+    image.setPixel(4, 2, qRgba(200, 0, 0, 128));
+    return image;
+}
+
+} // namespace
+
+class TestZipFile : public QObject
+{
+    Q_OBJECT
+private slots:
+    void initTestCase();
+    void roundTripKeepsEveryEntry();
+    void entriesAreDeflatedInWrittenOrder();
+    void lookupIsCaseSensitive_data();
+    void lookupIsCaseSensitive();
+    void openWriteTruncatesAndWritesInPlace();
+    void openWriteRefusesUnwritablePath_data();
+    void openWriteRefusesUnwritablePath();
+    void closeReportsAFailedWrite();
+    void openReadRefuses_data();
+    void openReadRefuses();
+    void hostileEntry_data();
+    void hostileEntry();
+    void operationsOutsideTheirModeFail_data();
+    void operationsOutsideTheirModeFail();
+
+private:
+    QString path(const QString& name) const { return mDir.filePath(name); }
+
+    QTemporaryDir mDir;
+    QString mSample;          // "project.json", "images/Tile.png"
+    QByteArray mSingleEntry;  // one entry, "tiles.bin", as bytes to patch
+};
+
+void TestZipFile::initTestCase()
+{
+    QVERIFY(mDir.isValid());
+    mSample = path("sample.tintorel");
+    ZipFile zip;
+    QVERIFY(zip.openWrite(mSample));
+    QVERIFY(zip.write("project.json", "{}"));
+    QVERIFY(zip.writeImage("images/Tile.png", sampleImage()));
+    QVERIFY(zip.close());
+
+    const QString single = path("single.tintorel");
+    QVERIFY(zip.openWrite(single));
+    QVERIFY(zip.write("tiles.bin", "tile bytes"));
+    QVERIFY(zip.close());
+    mSingleEntry = readFile(single);
+}
+
+void TestZipFile::roundTripKeepsEveryEntry()
+{
+    const QString file = path("roundtrip.tintorel");
+    const QByteArray binary("\x00\x01\xff\x00\x80", 5);
+    char raw[] = "raw bytes";
+    ZipFile zip;
+    QVERIFY(zip.openWrite(file));
+    QVERIFY(zip.write("project.json", "{\"formatVersion\": 2}"));
+    QVERIFY(zip.write("tilemap/{1}.bin", binary));
+    QVERIFY(zip.write("empty", QByteArray()));
+    QVERIFY(zip.writeImage("images/{2}.png", sampleImage()));
+    // The data is compressed only in close(): a caller's buffer may be gone by then.
+    QVERIFY(zip.write("raw", QByteArray::fromRawData(raw, 9)));
+    std::memset(raw, 'x', 9);
+    QVERIFY(zip.close());
+
+    QVERIFY(zip.openRead(file));
+    QCOMPARE(zip.read("project.json"), QByteArray("{\"formatVersion\": 2}"));
+    QCOMPARE(zip.read("tilemap/{1}.bin"), binary);
+    QCOMPARE(zip.read("raw"), QByteArray("raw bytes"));
+    QVERIFY(zip.contains("empty"));
+    QVERIFY(zip.read("empty").isEmpty());
+    QCOMPARE(zip.readImage("images/{2}.png").convertToFormat(QImage::Format_ARGB32), sampleImage());
+    QVERIFY(zip.readImage("project.json").isNull());
+    QVERIFY(zip.readImage("missing.png").isNull());
+}
+
+void TestZipFile::entriesAreDeflatedInWrittenOrder()
+{
+    const QStringList names{ "tileset/b.png", "project.json", "images/a.png", "t" };
+    const QString file = path("order.tintorel");
+    ZipFile zip;
+    QVERIFY(zip.openWrite(file));
+    for (const QString& name : names)
+        QVERIFY(zip.write(name, name.toUtf8()));
+    QVERIFY(zip.close());
+
+    int error = 0;
+    std::unique_ptr<zip_t, decltype(&zip_discard)> archive(
+        zip_open(file.toLocal8Bit().constData(), ZIP_RDONLY | ZIP_CHECKCONS, &error), &zip_discard);
+    QVERIFY(archive);
+    QCOMPARE(zip_get_num_entries(archive.get(), 0), zip_int64_t(names.size()));
+    for (int i = 0; i < names.size(); ++i) {
+        zip_stat_t stat;
+        QCOMPARE(zip_stat_index(archive.get(), zip_uint64_t(i), 0, &stat), 0);
+        QCOMPARE(QString::fromUtf8(stat.name), names.at(i));
+        QCOMPARE(stat.comp_method, zip_uint16_t(ZIP_CM_DEFLATE));
+    }
+    // Bits 1-2 of the first local header's flags: 01 says "maximum compression".
+    const QByteArray bytes = readFile(file);
+    QCOMPARE(qFromLittleEndian<quint16>(bytes.constData() + 6) & 6, 2);
+}
+
+void TestZipFile::lookupIsCaseSensitive_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<bool>("listed");
+    QTest::newRow("exact name") << "images/Tile.png" << true;
+    QTest::newRow("lower case") << "images/tile.png" << false;
+    QTest::newRow("upper case") << "IMAGES/TILE.PNG" << false;
+    QTest::newRow("folder alone") << "images" << false;
+    QTest::newRow("cut short by a NUL") << QString("images/Tile.png" + QString(QChar(0)) + "x") << false;
+}
+
+void TestZipFile::lookupIsCaseSensitive()
+{
+    QFETCH(QString, name);
+    QFETCH(bool, listed);
+    ZipFile zip;
+    QVERIFY(zip.openRead(mSample));
+    QCOMPARE(zip.contains(name), listed);
+    QCOMPARE(zip.read(name).isEmpty(), !listed);
+}
+
+void TestZipFile::openWriteTruncatesAndWritesInPlace()
+{
+    const QString file = path("existing.tintorel");
+    QVERIFY(writeFile(file, "an older project"));
+    // A handle opened before the save sees the new bytes only if the file
+    // was rewritten, not replaced by another under the same name.
+    QFile earlier(file);
+    QVERIFY(earlier.open(QIODevice::ReadOnly));
+
+    ZipFile zip;
+    QVERIFY(zip.openWrite(file));
+    QCOMPARE(QFileInfo(file).size(), 0);
+    QVERIFY(zip.write("project.json", "{}"));
+    QVERIFY(zip.close());
+
+    QCOMPARE(earlier.readAll(), readFile(file));
+    QCOMPARE(QDir(mDir.path()).entryList({ "existing*" }, QDir::Files | QDir::Hidden), QStringList{ "existing.tintorel" });
+    QVERIFY(zip.openRead(file));
+    QCOMPARE(zip.read("project.json"), QByteArray("{}"));
+}
+
+void TestZipFile::openWriteRefusesUnwritablePath_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("missing folder") << "missing/project.tintorel";
+    QTest::newRow("a folder") << "";
+}
+
+void TestZipFile::openWriteRefusesUnwritablePath()
+{
+    QFETCH(QString, name);
+    ZipFile zip;
+    QVERIFY(!zip.openWrite(path(name)));
+    QVERIFY(!zip.write("project.json", "{}"));
+    // The object is still usable, and an archive left without entries is valid.
+    QVERIFY(zip.close());
+    QVERIFY(zip.openWrite(path("no-entries.tintorel")));
+    QVERIFY(zip.close());
+    QVERIFY(zip.openRead(path("no-entries.tintorel")));
+}
+
+void TestZipFile::closeReportsAFailedWrite()
+{
+    if (!QFileInfo::exists("/dev/full"))
+        QSKIP("needs /dev/full, a device on which every write fails");
+    ZipFile zip;
+    QVERIFY(zip.openWrite("/dev/full"));
+    QVERIFY(zip.write("project.json", "{}"));
+    QVERIFY(!zip.close());
+    QVERIFY(zip.close());
+}
+
+void TestZipFile::openReadRefuses_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<bool>("exists");
+    QTest::newRow("missing file") << QByteArray() << false;
+    QTest::newRow("empty file, as a failed save leaves") << QByteArray() << true;
+    QTest::newRow("text file") << QByteArray("{\"formatVersion\": 2, \"name\": \"not an archive\"}") << true;
+    QTest::newRow("archive cut short") << mSingleEntry.left(mSingleEntry.size() - 10) << true;
+}
+
+void TestZipFile::openReadRefuses()
+{
+    QFETCH(QByteArray, bytes);
+    QFETCH(bool, exists);
+    const QString file = path("refused.tintorel");
+    QFile::remove(file);
+    if (exists)
+        QVERIFY(writeFile(file, bytes));
+    ZipFile zip;
+    QVERIFY(!zip.openRead(file));
+    QVERIFY(!zip.contains("tiles.bin"));
+}
+
+void TestZipFile::hostileEntry_data()
+{
+    QTest::addColumn<int>("field");
+    QTest::addColumn<quint32>("value");
+    QTest::addColumn<bool>("listed");
+    QTest::newRow("size at the limit") << UncompressedSizeField << quint32(ZipFile::MaxEntrySize) << true;
+    QTest::newRow("size one byte over") << UncompressedSizeField << quint32(ZipFile::MaxEntrySize + 1) << false;
+    QTest::newRow("wrong CRC") << CrcField << quint32(0x12345678) << true;
+}
+
+void TestZipFile::hostileEntry()
+{
+    QFETCH(int, field);
+    QFETCH(quint32, value);
+    QFETCH(bool, listed);
+    QByteArray archive = mSingleEntry;
+    patchFirstEntry(archive, field, value);
+    const QString file = path("hostile.tintorel");
+    QVERIFY(writeFile(file, archive));
+
+    ZipFile zip;
+    QVERIFY(zip.openRead(file));
+    QCOMPARE(zip.contains("tiles.bin"), listed);
+    QVERIFY(zip.read("tiles.bin").isEmpty());
+}
+
+void TestZipFile::operationsOutsideTheirModeFail_data()
+{
+    QTest::addColumn<QString>("state");
+    QTest::newRow("never opened") << "closed";
+    QTest::newRow("reading") << "reading";
+    QTest::newRow("writing") << "writing";
+}
+
+void TestZipFile::operationsOutsideTheirModeFail()
+{
+    QFETCH(QString, state);
+    ZipFile zip;
+    const bool reading = state == "reading";
+    const bool writing = state == "writing";
+    if (reading)
+        QVERIFY(zip.openRead(mSample));
+    if (writing)
+        QVERIFY(zip.openWrite(path("mode.tintorel")) && zip.write("project.json", "{}"));
+    QCOMPARE(zip.contains("project.json"), reading);
+    QCOMPARE(zip.read("project.json").isEmpty(), !reading);
+    QCOMPARE(zip.readImage("images/Tile.png").isNull(), !reading);
+    QCOMPARE(zip.write("new.json", "{}"), writing);
+    QCOMPARE(zip.writeImage("new.png", sampleImage()), writing);
+    if (reading || writing) {
+        // One archive at a time: a second open is refused and touches nothing.
+        QVERIFY(!zip.openRead(mSample));
+        QVERIFY(!zip.openWrite(path("second.tintorel")));
+        QVERIFY(!QFileInfo::exists(path("second.tintorel")));
+    }
+    QVERIFY(zip.close());
+    QVERIFY(zip.close());
+}
+
+QTEST_GUILESS_MAIN(TestZipFile)
+#include "tst_zipfile.moc"
