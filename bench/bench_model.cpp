@@ -1,6 +1,9 @@
 #include "benchtable.h"
 
 #include "model/nximage.h"
+#include "model/palette.h"
+#include "model/tilemap.h"
+#include "model/tileset.h"
 
 #include <QImage>
 
@@ -21,6 +24,67 @@ QImage manyColourPicture()
     return picture;
 }
 
+// A 256 x 256 map painted with all 512 tiles in every orientation and bank.
+void fillMap(TileMap& map)
+{
+    for (int y = 0; y < map.height(); ++y)
+        for (int x = 0; x < map.width(); ++x) {
+            const int n = y * map.width() + x;
+            TileMap::TileData data;
+            data.index = n % 512;
+            data.rotate = n & 1;
+            data.flip = n & 2;
+            data.mirror = n & 4;
+            data.offset = (n / 8) % 16;
+            data.visible = (n % 13) != 0;
+            map.setCell(QPoint(x, y), data);
+        }
+}
+
+void benchTileMap(BenchTable& table)
+{
+    Palette palette;
+    palette.loadStandard();
+    TileSet tiles(512);
+    tiles.setPalette(&palette);
+    for (int i = 0; i < tiles.count(); ++i) {
+        QImage image(8, 8, QImage::Format_Indexed8);
+        image.setColorTable(palette.rgbTable());
+        for (int p = 0; p < 64; ++p)
+            image.setPixel(p % 8, p / 8, (i + p) % 16);
+        tiles.setTileImage(i, image);
+    }
+    TileMap map(256, 256);
+    map.setTileSet(&tiles);
+    fillMap(map);
+
+    table.measure("TileMap::renderRect whole 256x256 map", "ms", 20, 9, [&] {
+        map.invalidate(); // every look drawn again, as after a tile edit
+        map.renderRect(map.rect());
+    });
+
+    map.scaledPreview(QRect(0, 0, 1, 1), 1, -1); // builds the picture
+    int step = 0;
+    int painted = 0;
+    constexpr int Calls = 20000;
+    table.measure("TileMap::setCell, picture built (per call)", "us", 5, 9, [&] {
+        for (int i = 0; i < Calls; ++i, ++step) {
+            TileMap::TileData data;
+            data.index = step % 511 + 1;
+            data.offset = step % 16;
+            data.visible = true;
+            painted += map.setCell(QPoint((step * 7) % 256, (step / 256) % 256), data);
+        }
+    }, Calls);
+    if (painted != step)
+        qFatal("setCell changed %d of %d cells", painted, step);
+
+    table.measure("TileMap::scaledPreview 64x40 cells, scale 4", "ms", 5, 15,
+                  [&] { map.scaledPreview(QRect(10, 10, 64, 40), 4, 0); });
+    table.measure("TileMap::scaledPreview 64x40 cells, 32 px a cell", "ms", 5, 15,
+                  [&] { map.scaledPreview(QRect(10, 10, 64, 40), 32, 0); });
+}
+
 } // namespace
 
 void benchModel(BenchTable& table)
@@ -32,4 +96,6 @@ void benchModel(BenchTable& table)
         if (image.colours().size() != 4000)
             qFatal("expected 4000 colours, got %d", int(image.colours().size()));
     });
+
+    benchTileMap(table);
 }

@@ -1,13 +1,12 @@
 #include "benchtable.h"
 
-#include <QGuiApplication>
+#include <QCoreApplication>
 
 void benchModel(BenchTable& table);
 
 int main(int argc, char** argv)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QGuiApplication application(argc, argv);
+    QCoreApplication application(argc, argv);
     BenchTable table;
     benchModel(table);
     table.print();
