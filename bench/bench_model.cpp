@@ -1,11 +1,13 @@
 #include "benchtable.h"
 
+#include "model/map.h"
 #include "model/nximage.h"
 #include "model/palette.h"
 #include "model/tilemap.h"
 #include "model/tileset.h"
 
 #include <QImage>
+#include <malloc.h>
 
 namespace {
 
@@ -85,6 +87,31 @@ void benchTileMap(BenchTable& table)
                   [&] { map.scaledPreview(QRect(10, 10, 64, 40), 32, 0); });
 }
 
+double heapMegabytes()
+{
+    return double(mallinfo2().uordblks) / (1024.0 * 1024.0);
+}
+
+// Everything a large map holds once shown: both layers' cells and both
+// layers' pictures with the tiles they drew.
+void benchMapMemory(BenchTable& table)
+{
+    Palette palette;
+    palette.loadStandard();
+    TileSet tiles(512);
+    tiles.setPalette(&palette);
+    const double before = heapMegabytes();
+    {
+        Map map("big", QSize(256, 256));
+        map.setTileSet(&tiles);
+        fillMap(*map.tileMap());
+        fillMap(*map.objectMap());
+        map.tileMap()->scaledPreview(QRect(0, 0, 1, 1), 1, -1);
+        map.objectMap()->scaledPreview(QRect(0, 0, 1, 1), 1, -1);
+        table.record("Map 256x256, both layers and pictures built", "MB", heapMegabytes() - before, 16);
+    }
+}
+
 } // namespace
 
 void benchModel(BenchTable& table)
@@ -98,4 +125,5 @@ void benchModel(BenchTable& table)
     });
 
     benchTileMap(table);
+    benchMapMemory(table);
 }

@@ -33,6 +33,11 @@ void BenchTable::measure(const QString& name, const QString& unit, double target
     mRows.append({ name, unit, median, target, runs });
 }
 
+void BenchTable::record(const QString& name, const QString& unit, double value, double target)
+{
+    mRows.append({ name, unit, value, target, 1 });
+}
+
 void BenchTable::print() const
 {
     printf("| %-52s | %12s | %10s | %4s | %-4s |\n", "benchmark", "median", "target", "runs", "met");

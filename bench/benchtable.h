@@ -12,6 +12,8 @@ public:
     // the given unit ("s", "ms" or "us"), divided by `perCall` repetitions.
     void measure(const QString& name, const QString& unit, double target, int runs,
                  const std::function<void()>& work, int perCall = 1);
+    // A figure measured once, such as a memory size.
+    void record(const QString& name, const QString& unit, double value, double target);
     void print() const;
     bool allMet() const;
 
