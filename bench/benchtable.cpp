@@ -40,13 +40,13 @@ void BenchTable::record(const QString& name, const QString& unit, double value, 
 
 void BenchTable::print() const
 {
-    printf("| %-52s | %12s | %10s | %4s | %-4s |\n", "benchmark", "median", "target", "runs", "met");
-    printf("|%s|%s|%s|%s|%s|\n", QByteArray(54, '-').constData(), QByteArray(14, '-').constData(),
+    printf("| %-60s | %12s | %10s | %4s | %-4s |\n", "benchmark", "median", "target", "runs", "met");
+    printf("|%s|%s|%s|%s|%s|\n", QByteArray(62, '-').constData(), QByteArray(14, '-').constData(),
            QByteArray(12, '-').constData(), QByteArray(6, '-').constData(), QByteArray(6, '-').constData());
     for (const Row& row : mRows) {
         const QByteArray median = QString("%1 %2").arg(row.median, 0, 'f', 3).arg(row.unit).toUtf8();
         const QByteArray target = QString("< %1 %2").arg(row.target).arg(row.unit).toUtf8();
-        printf("| %-52s | %12s | %10s | %4d | %-4s |\n", row.name.toUtf8().constData(), median.constData(),
+        printf("| %-60s | %12s | %10s | %4d | %-4s |\n", row.name.toUtf8().constData(), median.constData(),
                target.constData(), row.runs, row.median < row.target ? "yes" : "NO");
     }
     fflush(stdout);

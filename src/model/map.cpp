@@ -1,11 +1,14 @@
 #include "model/map.h"
 
+#include "interchange/binaryfile.h"
+#include "interchange/blockmapfile.h"
 #include "model/animatedblocks.h"
 #include "model/animationproperties.h"
 #include "model/tileanimation.h"
 #include "model/tileset.h"
 
 #include <QDebug>
+#include <QDir>
 
 namespace {
 
@@ -236,6 +239,28 @@ bool Map::placeAnimation(const TileAnimation* animation, const QPoint& position)
     return true;
 }
 
+void Map::rebuildObjectLayer(const std::function<const TileAnimation*(const QUuid&)>& findAnimation)
+{
+    const QSize cells = size();
+    mObjectMap->setGrid(TileMap::Grid(cells.height(), QList<TileMap::TileData>(cells.width())));
+    for (const auto& placement : mBlocks->list()) {
+        const TileAnimation* animation = findAnimation ? findAnimation(placement->animationId()) : nullptr;
+        if (!animation)
+            continue;
+        const auto first = animation->frame(0);
+        const QRect rect = placement->rect();
+        // A stored rectangle may reach past the map; only the part on it is marked.
+        const QRect inside = rect.intersected(mObjectMap->rect());
+        for (int y = inside.top(); y <= inside.bottom(); ++y)
+            for (int x = inside.left(); x <= inside.right(); ++x) {
+                const AnimationFrame::Cell cell =
+                    first ? first->cell(y - rect.top(), x - rect.left()) : AnimationFrame::Cell();
+                mObjectMap->setCell(QPoint(x, y),
+                                    { cell.index, cell.rotate, cell.flip, cell.mirror, cell.offset, true });
+            }
+    }
+}
+
 bool Map::removeBlock(const QRect& rect)
 {
     if (!mBlocks->removeInRect(rect))
@@ -309,4 +334,19 @@ void Map::restore(const State& state)
     setBlocks(state.blocks);
     mSprites = state.sprites;
     emit restored();
+}
+
+bool Map::exportData(const QString& fileName) const
+{
+    return BinaryFile::write(fileName, mTileMap->toNextData());
+}
+
+bool Map::exportBinary(const QString& directory) const
+{
+    return exportData(QDir(directory).filePath(QStringLiteral("%1_tilemap.bin").arg(mName)));
+}
+
+bool Map::importNextTiles(const QString& nxmFile, const QString& nxbFile)
+{
+    return BlockMapFile::read(*this, nxmFile, nxbFile);
 }

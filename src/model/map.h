@@ -5,6 +5,7 @@
 #include <QPointer>
 #include <QSharedPointer>
 #include <QUuid>
+#include <functional>
 
 class AnimatedBlocks;
 class TileAnimation;
@@ -101,6 +102,10 @@ public:
 
     // Blocks: the object layer shows the block's first frame where it stands.
     bool placeAnimation(const TileAnimation* animation, const QPoint& position);
+    // Marks the object layer afresh, at the map's size, from the placed blocks'
+    // first frames; the placements and their timing stay. A block whose
+    // animation is not found keeps its place and marks nothing.
+    void rebuildObjectLayer(const std::function<const TileAnimation*(const QUuid&)>& findAnimation);
     bool removeBlock(const QRect& rect);
     // The rectangle of the block that covers `cell`, or an empty one.
     QRect rectAt(const QPoint& cell) const;
@@ -113,6 +118,13 @@ public:
 
     State state() const;
     void restore(const State& state);
+
+    // The tile layer in the machine's packed form (.map); the size isn't stored.
+    bool exportData(const QString& fileName) const;
+    // "<name>_tilemap.bin" in `directory`.
+    bool exportBinary(const QString& directory) const;
+    // Takes size and tiles from a block map and its block table.
+    bool importNextTiles(const QString& nxmFile, const QString& nxbFile);
 
 public slots:
     void setName(const QString& name);

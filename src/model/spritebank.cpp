@@ -1,5 +1,7 @@
 #include "model/spritebank.h"
 
+#include "interchange/binaryfile.h"
+#include "interchange/spritefile.h"
 #include "model/nximage.h"
 #include "model/palette.h"
 #include "model/spriteanim.h"
@@ -297,6 +299,11 @@ void SpriteBank::setImage(int index, const QImage& image)
             row[x] = x < image.width() && y < image.height() ? uchar(image.pixelIndex(x, y)) : 0;
     }
     emit imageChanged(index);
+}
+
+bool SpriteBank::exportData(const QString& fileName) const
+{
+    return BinaryFile::write(fileName, SpriteFile::content(*this), QIODevice::Truncate);
 }
 
 void SpriteBank::addSprite(bool emitSignal)

@@ -85,6 +85,9 @@ public:
     // Ends in restored(); none of the signals of an edit come.
     void restore(const State& state);
 
+    // The .spr file: the whole strip, one byte a pixel.
+    bool exportData(const QString& fileName) const;
+
 public slots:
     void setImage(int index, const QImage& image);
     void addSprite(bool emitSignal);

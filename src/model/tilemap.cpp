@@ -386,8 +386,8 @@ TileMap::Clip TileMap::cellsFromMimeData(const QMimeData* data)
     qint32 width = 0;
     qint32 height = 0;
     stream >> width >> height;
-    // 15 bytes a cell: never trust a size that the data cannot hold.
-    constexpr qint64 cellBytes = 15;
+    // 12 bytes a cell: never trust a size that the data cannot hold.
+    constexpr qint64 cellBytes = 12;
     if (width <= 0 || height <= 0 || qint64(width) > bytes.size() / cellBytes / height)
         return {};
     Clip clip;

@@ -1,11 +1,14 @@
 #include "model/tileset.h"
 
+#include "interchange/binaryfile.h"
+#include "interchange/tilesetfile.h"
 #include "model/nximage.h"
 #include "model/palette.h"
 #include "model/tile.h"
 
 #include <QBuffer>
 #include <QDebug>
+#include <QDir>
 #include <QFile>
 #include <cstring>
 
@@ -138,6 +141,31 @@ bool TileSet::fromPng(const QByteArray& data)
     for (int i = 0; i < count(); ++i)
         mTiles.at(i)->setImage(sheet.copy(0, i * Tile::Size, Tile::Size, Tile::Size));
     return true;
+}
+
+bool TileSet::exportNxt(const QString& fileName) const
+{
+    return BinaryFile::write(fileName, TileSetFile::packedTiles(*this));
+}
+
+bool TileSet::exportBin(const QString& fileName, int first, int last, bool rotate) const
+{
+    return BinaryFile::write(fileName, TileSetFile::eightBitTiles(*this, first, last, rotate));
+}
+
+bool TileSet::exportBinary(const QString& directory) const
+{
+    return exportNxt(QDir(directory).filePath(QStringLiteral("%1_tiles.nxt").arg(mName)));
+}
+
+bool TileSet::exportAttributes(const QString& fileName) const
+{
+    return BinaryFile::write(fileName, TileSetFile::attributes(*this), QIODevice::Truncate);
+}
+
+bool TileSet::exportAttributesAsm(const QString& fileName) const
+{
+    return BinaryFile::write(fileName, TileSetFile::attributesAsm(*this), QIODevice::Truncate);
 }
 
 void TileSet::setName(const QString& name)

@@ -46,6 +46,15 @@ public:
     QByteArray toPng(const Palette* palette) const;
     bool fromPng(const QByteArray& data);
 
+    // The hardware files; each is written whole, and true only if all of it was.
+    bool exportNxt(const QString& fileName) const;
+    // Tiles `first` to `last`, counted from 1 and inclusive, 64 bytes each.
+    bool exportBin(const QString& fileName, int first, int last, bool rotate) const;
+    // "<name>_tiles.nxt" in `directory`.
+    bool exportBinary(const QString& directory) const;
+    bool exportAttributes(const QString& fileName) const;
+    bool exportAttributesAsm(const QString& fileName) const;
+
 public slots:
     void setName(const QString& name);
     void setHiRes(bool hiRes) { mHiRes = hiRes; }

@@ -1,0 +1,71 @@
+#pragma once
+#include "model/tilemap.h"
+
+#include <QBitArray>
+#include <QHash>
+#include <QImage>
+#include <QList>
+#include <QObject>
+
+// Turns a picture into what the tile hardware can show: distinct 8x8 tiles
+// (any of the eight orientations counts as the same tile), a map of
+// references to them, and a palette of sixteen 16-colour banks in which each
+// tile uses one bank. It also cuts pictures into sprites.
+class ImageSlicer : public QObject
+{
+    Q_OBJECT
+public:
+    explicit ImageSlicer(const QImage& source, QObject* parent = nullptr);
+
+    // The number of distinct tiles; the banks are built when it is known.
+    int sliceTiles();
+    // The number of size x size pieces, none merged, no banks.
+    int sliceSprites(int size);
+
+    int pieceCount() const { return int(mPieces.size()); }
+    QImage piece(int index) const;
+    // The palette bank a tile was given (its palette offset).
+    int pieceOffset(int index) const;
+    // The finished palette: the banks joined in order after tiles, the
+    // picture's colours after sprites, empty when the banks could not be built.
+    QList<QRgb> colours() const { return mColours; }
+
+    int columns() const { return mColumns; }
+    int rows() const { return mRows; }
+    // The cell's tile, flags and bank; a blank cell outside the map.
+    TileMap::TileData cell(int column, int row) const;
+    // What `processed` counts up to: one step per row of pieces.
+    int stepCount() const { return mRows; }
+
+signals:
+    void processed(int progress);
+
+private:
+    struct Bank
+    {
+        QBitArray used { 16 };
+        QList<QRgb> colours = QList<QRgb>(16, 0);
+    };
+    struct Cell
+    {
+        int tile = 0;
+        int flags = 0;
+    };
+
+    void reset();
+    void slice(int size, bool deduplicate);
+    Cell findOrAdd(const QImage& indexed, int x, int y);
+    bool buildBanks();
+    bool placeTile(int tile);
+
+    QHash<QByteArray, Cell> mSeen;
+    QImage mSource;
+    int mColumns = 0;
+    int mRows = 0;
+    QList<QImage> mPieces;
+    QList<int> mOffsets;
+    QList<Bank> mBanks;
+    QList<Cell> mCells;
+    QList<QRgb> mColourTable;
+    QList<QRgb> mColours;
+};

@@ -1,0 +1,71 @@
+#include "interchange/spritefile.h"
+
+#include "model/palette.h"
+#include "model/spritebank.h"
+#include "project/project.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QImage>
+#include <cstring>
+
+namespace SpriteFile {
+
+namespace {
+
+constexpr int Size = SpriteBank::SpriteSize;
+constexpr int SpriteBytes = Size * Size;
+
+SpriteBank* newBank(Project& project, const QString& fileName, ImportActions actions, QUuid paletteId)
+{
+    if (actions.testFlag(CreatePalette)) {
+        const QPointer<Palette> palette =
+            project.createPalette(CreateAction::Standard, QStringLiteral("Default Next"));
+        paletteId = palette ? palette->id() : QUuid();
+    }
+    return project.createSpriteBank(Tintorel::Sprite::EightBit, QFileInfo(fileName).baseName(), paletteId);
+}
+
+} // namespace
+
+QByteArray content(const SpriteBank& bank)
+{
+    const QImage strip = bank.image();
+    QByteArray bytes;
+    bytes.reserve(qsizetype(strip.height()) * Size);
+    for (int y = 0; y < strip.height(); ++y)
+        bytes.append(reinterpret_cast<const char*>(strip.constScanLine(y)), Size);
+    return bytes;
+}
+
+SpriteBank* import(Project& project, const QString& fileName, ImportActions actions, SpriteBank* openBank,
+                   const QUuid& paletteId)
+{
+    const bool append = actions.testFlag(Append);
+    if (append && !openBank)
+        return nullptr;
+    QFile file(fileName);
+    if (!file.open(QIODevice::ReadOnly))
+        return nullptr;
+    const QByteArray bytes = file.readAll();
+
+    SpriteBank* bank = append ? openBank : newBank(project, fileName, actions, paletteId);
+    if (!bank)
+        return nullptr;
+    const qsizetype sprites = bytes.size() / SpriteBytes;
+    for (qsizetype s = 0; s < sprites; ++s) {
+        // A new bank's own blank sprite takes the file's first, so that a
+        // file read into a new bank writes back byte for byte.
+        if (append || s > 0)
+            bank->addSprite(true);
+        QImage sprite(Size, Size, QImage::Format_Indexed8);
+        sprite.setColorCount(256);
+        const char* source = bytes.constData() + s * SpriteBytes;
+        for (int y = 0; y < Size; ++y)
+            std::memcpy(sprite.scanLine(y), source + y * Size, Size);
+        bank->setImage(bank->spriteCount() - 1, sprite);
+    }
+    return bank;
+}
+
+} // namespace SpriteFile

@@ -1,0 +1,416 @@
+#include "project/projectschema.h"
+
+#include "model/animatedblocks.h"
+#include "model/animationproperties.h"
+#include "model/image.h"
+#include "model/map.h"
+#include "model/mapobjects.h"
+#include "model/mapobjecttype.h"
+#include "model/palette.h"
+#include "model/spriteanim.h"
+#include "model/spritebank.h"
+#include "model/tile.h"
+#include "model/tileanimation.h"
+#include "model/tileset.h"
+#include "project/jsonfield.h"
+#include "project/project.h"
+#include "project/tilemapblob.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <memory>
+
+namespace {
+
+using EntryReader = std::function<QByteArray(const QString&)>;
+using namespace JsonField;
+
+constexpr int FormatVersion = 2;
+// Width and height multiply, so their product is bounded too: per frame,
+// and over all frames of one animation.
+constexpr qint64 MaxFrameCells = MaxCount;
+constexpr qint64 MaxAnimationCells = 1 << 20;
+// Placed sprites stand in map pixels and move by whole cells as rows come
+// and go; this keeps them far from the ends of an int.
+constexpr int MaxPixel = MaxCount * 8;
+
+QUuid freshId()
+{
+    return QUuid::createUuid();
+}
+
+MapObjectType mapObjectTypeOf(int value)
+{
+    for (const MapObjectType type : mapObjectTypes())
+        if (int(type) == value)
+            return type;
+    return MapObjectType::Normal;
+}
+
+QSize animationSize(const QJsonObject& object, qsizetype frames, const QSize& fallback)
+{
+    const QSize size(readCount(object, "width", fallback.width()), readCount(object, "height", fallback.height()));
+    const qint64 area = qint64(size.width()) * size.height();
+    if (area > MaxFrameCells || (area > 0 && frames > MaxAnimationCells / area))
+        return fallback;
+    return size;
+}
+
+AnimationFrame::Cell cellOf(const QJsonObject& object)
+{
+    return { readInt(object, "index", 0), readInt(object, "offset", 0), readBool(object, "rotate", false),
+             readBool(object, "flip", false), readBool(object, "mirror", false) };
+}
+
+// Row by row from the array; cells past its end stay blank.
+AnimationFrame::Cells cellsOf(const QJsonArray& array, const QSize& size)
+{
+    AnimationFrame::Cells cells(size.height(), QList<AnimationFrame::Cell>(size.width()));
+    const qsizetype count = qMin(array.size(), qsizetype(size.width()) * size.height());
+    for (qsizetype i = 0; i < count; ++i)
+        cells[i / size.width()][i % size.width()] = cellOf(array.at(i).toObject());
+    return cells;
+}
+
+// Frames of a block keep their stored ids; a sprite animation's frames get
+// fresh ones on every load, so `keepIds` is false for them.
+void readFrames(Animation::State& state, const QJsonObject& object, const QSize& fallback, const char* cellKey,
+                bool keepIds)
+{
+    const QJsonArray frames = readArray(object, "frames");
+    state.size = animationSize(object, frames.size(), fallback);
+    state.delay = readInt(object, "delay", 0);
+    state.frames.clear();
+    for (const QJsonValue& value : frames) {
+        const QJsonObject frame = value.toObject();
+        const QUuid stored = keepIds ? readId(frame, "id", QUuid()) : QUuid();
+        state.frames.append({ stored.isNull() ? freshId() : stored, cellsOf(readArray(frame, cellKey), state.size) });
+    }
+}
+
+std::unique_ptr<Palette> paletteOf(const QJsonObject& object)
+{
+    auto palette = std::make_unique<Palette>();
+    palette->setId(readId(object, "id", freshId()));
+    palette->setName(readString(object, "name"));
+    palette->setTransparencyIndex(readInt(object, "transparency_index", -1));
+    const QJsonArray colours = readArray(object, "colours");
+    for (int i = 0; i < Palette::Size && i < colours.size(); ++i)
+        palette->setEntry(i, ushort(colours.at(i).toInt(0)));
+    return palette;
+}
+
+void readTiles(TileSet& tiles, const QJsonObject& object)
+{
+    const QJsonArray offsets = readArray(object, "offsets");
+    for (int i = 0; i < tiles.count() && i < offsets.size(); ++i)
+        tiles.setTileOffset(i, offsets.at(i).toInt(0));
+    // Read second, so that it wins where both are present.
+    const QJsonArray records = readArray(object, "tiles");
+    for (int i = 0; i < tiles.count() && i < records.size(); ++i) {
+        const QJsonObject record = records.at(i).toObject();
+        Tile* tile = tiles.tile(i);
+        tile->setOffset(readInt(record, "offset", 0));
+        tile->setAttributes(readInt(record, "attributes", 0));
+        tile->setValue(readInt(record, "value", 0));
+    }
+}
+
+void readPlacedBlocks(Map& map, const QJsonArray& array)
+{
+    for (const QJsonValue& value : array) {
+        const QJsonObject object = value.toObject();
+        if (object.isEmpty())
+            continue;
+        const QRect rect(readCount(object, "x", 0), readCount(object, "y", 0), readCount(object, "width", 0),
+                         readCount(object, "height", 0));
+        const auto block = map.blocks()->add(rect, readId(object, "id", QUuid()));
+        block->setInitialDelay(readInt(object, "initialDelay", 0));
+        block->setRepeatDelay(readInt(object, "repeatDelay", 0));
+        block->setStartFrame(readInt(object, "startFrame", 0));
+    }
+}
+
+Map::PlacedSprite placedSpriteOf(const QJsonObject& object)
+{
+    Map::PlacedSprite sprite;
+    sprite.bank = readId(object, "bank", QUuid());
+    sprite.animation = readId(object, "animation", QUuid());
+    sprite.sprite = readInt(object, "sprite", -1);
+    sprite.x = readBounded(object, "x", 0, -MaxPixel, MaxPixel);
+    sprite.y = readBounded(object, "y", 0, -MaxPixel, MaxPixel);
+    sprite.mirror = readBool(object, "mirror", false);
+    sprite.flip = readBool(object, "flip", false);
+    sprite.rotate = readBool(object, "rotate", false);
+    sprite.startFrame = readInt(object, "startFrame", 0);
+    sprite.initialDelay = readInt(object, "initialDelay", 0);
+    sprite.repeatDelay = readInt(object, "repeatDelay", 0);
+    sprite.paletteOffset = readInt(object, "paletteOffset", 0);
+    sprite.name = readString(object, "name");
+    return sprite;
+}
+
+void readSpriteAnimations(SpriteBank& bank, const QJsonArray& array)
+{
+    for (const QJsonValue& value : array) {
+        const QJsonObject object = value.toObject();
+        const QString name = readString(object, "name");
+        // A missing or repeated id cannot key the bank's list; such an
+        // animation is kept under a new one.
+        SpriteAnim* animation = bank.addAnimation(readId(object, "id", QUuid()), name);
+        if (!animation)
+            animation = bank.createAnimation(name);
+        Animation::State state = animation->state();
+        readFrames(state, object, QSize(1, 1), "anim", false);
+        animation->restore(state);
+    }
+}
+
+void readBlockAnimations(MapObjects& blocks, const QJsonArray& array)
+{
+    for (const QJsonValue& value : array) {
+        const QJsonObject object = value.toObject();
+        const QString name = readString(object, "name");
+        QSharedPointer<TileAnimation> animation = blocks.addTileAnimation(readId(object, "id", QUuid()), name);
+        if (!animation)
+            animation = blocks.createTileAnimation(name);
+        TileAnimation::State state = animation->state();
+        readFrames(state, object, QSize(0, 0), "tileData", true);
+        // `type` holds the MapObjectType; see the writer.
+        state.mapObjectType = mapObjectTypeOf(readInt(object, "type", 0));
+        animation->restore(state);
+    }
+}
+
+// The load steps in their order; each returns false with mError set to
+// end the load.
+class Reader
+{
+public:
+    Reader(Project& project, const EntryReader& entries)
+        : mProject(project)
+        , mEntries(entries)
+    {
+    }
+
+    bool read();
+    QString error() const { return mError; }
+
+private:
+    bool fail(const QString& message)
+    {
+        mError = message;
+        return false;
+    }
+    QByteArray entry(const QString& name) const { return mEntries ? mEntries(name) : QByteArray(); }
+
+    void readHeader(const QJsonObject& root);
+    bool readTileSet(const QJsonObject& object);
+    bool readMap(const QJsonObject& object);
+    bool readSpriteBank(const QJsonObject& object);
+    bool readImage(const QJsonObject& object);
+    void readBlocks(const QJsonObject& object);
+    void readScratch();
+    void rebuildObjectLayers();
+
+    Project& mProject;
+    const EntryReader& mEntries;
+    QString mError;
+};
+
+bool Reader::read()
+{
+    const QByteArray document = entry(ProjectEntry::document());
+    if (document.isEmpty())
+        return fail(QStringLiteral("Invalid project file"));
+    // Deliberately blind to the parse error: a garbled document is an empty project.
+    const QJsonObject root = QJsonDocument::fromJson(document).object();
+    // As a double, so that 2.5 or a number past the range of int is newer too.
+    if (root.value(QLatin1String("formatVersion")).toDouble(1) > FormatVersion)
+        return fail(QStringLiteral("Project file is from a newer version of Tintorel"));
+
+    readHeader(root);
+    for (const QJsonValue& value : readArray(root, "palettes"))
+        mProject.addPalette(paletteOf(value.toObject()).release());
+    for (const QJsonValue& value : readArray(root, "tilesets"))
+        if (!readTileSet(value.toObject()))
+            return false;
+    for (const QJsonValue& value : readArray(root, "maps"))
+        if (!readMap(value.toObject()))
+            return false;
+    for (const QJsonValue& value : readArray(root, "sprites"))
+        if (!readSpriteBank(value.toObject()))
+            return false;
+    for (const QJsonValue& value : readArray(root, "images"))
+        if (!readImage(value.toObject()))
+            return false;
+    readScratch();
+    for (const QJsonValue& value : readArray(root, "mapObjects"))
+        readBlocks(value.toObject());
+    rebuildObjectLayers();
+    return true;
+}
+
+void Reader::readHeader(const QJsonObject& root)
+{
+    mProject.setName(readString(root, "name"));
+    mProject.setId(readId(root, "id", QUuid()));
+    const QJsonObject screen = root.value(QLatin1String("screen_size")).toObject();
+    mProject.setScreenSize(QSize(readCount(screen, "width", 320), readCount(screen, "height", 256)));
+    const QJsonObject area = root.value(QLatin1String("play_area")).toObject();
+    mProject.setPlayArea(QRect(readCount(area, "x", 0), readCount(area, "y", 0), readCount(area, "width", 320),
+                               readCount(area, "height", 256)));
+    mProject.setScratchPalette(readId(root, "scratchPalette", QUuid()));
+    QStringList open;
+    for (const QJsonValue& value : readArray(root, "opendocuments"))
+        if (value.isString())
+            open.append(value.toString());
+    mProject.setOpenDocuments(open);
+}
+
+bool Reader::readTileSet(const QJsonObject& object)
+{
+    auto tiles = std::make_unique<TileSet>(readCount(object, "count", 512));
+    tiles->setId(readId(object, "id", freshId()));
+    tiles->setName(readString(object, "name"));
+    tiles->setHiRes(readBool(object, "hires", false));
+    readTiles(*tiles, object);
+    // A set of no tiles is written with an empty picture and needs none.
+    if (tiles->count() > 0) {
+        const QString name = ProjectEntry::tileSet(tiles->id());
+        const QByteArray png = entry(name);
+        if (png.isEmpty())
+            return fail(QStringLiteral("Failed to load tile set tileImage \"%1\" from project file").arg(name));
+        if (!tiles->fromPng(png))
+            return fail(QStringLiteral("Error setting tile set anim - %1").arg(tiles->name()));
+    }
+    const QUuid palette = readId(object, "palette", freshId());
+    tiles->setPaletteId(palette);
+    tiles->setPalette(mProject.palette(palette));
+    mProject.addTileSet(tiles.release());
+    return true;
+}
+
+bool Reader::readMap(const QJsonObject& object)
+{
+    const QUuid id = readId(object, "id", freshId());
+    const QString name = readString(object, "name");
+    QSize size;
+    TileMap::Grid cells;
+    if (!readTileMapBlob(entry(ProjectEntry::tileMap(id)), size, cells))
+        return fail(QStringLiteral("Failed to load tile map anim for map %1").arg(name));
+
+    // Made at the blob's size, so the object layer has it too; it is marked at the end.
+    auto map = std::make_unique<Map>(name, size);
+    map->setId(id);
+    map->setTileTransparencyIndex(readInt(object, "tile_transparency", -1));
+    map->setGridVisible(readBool(object, "grid_visible", true));
+    map->setBackgroundTileIndex(readInt(object, "backgroundTileIndex", -1));
+    readPlacedBlocks(*map, readArray(object, "animations"));
+    map->setSpriteLayerVisible(readBool(object, "spriteLayerVisible", true));
+    for (const QJsonValue& value : readArray(object, "sprites"))
+        map->addSprite(placedSpriteOf(value.toObject()));
+    map->tileMap()->setGrid(cells);
+    map->setTileLayerVisible(readBool(object, "tileLayerVisible", true));
+    map->setObjectLayerVisible(readBool(object, "objectLayerVisible", false));
+    const QUuid tileSet = readId(object, "tileset", QUuid());
+    if (const QPointer<TileSet> tiles = mProject.tileSet(tileSet))
+        map->setTileSet(tiles);
+    else
+        map->setTileSetId(tileSet); // kept, so that a save writes back what was read
+    mProject.addMap(map.release());
+    return true;
+}
+
+bool Reader::readSpriteBank(const QJsonObject& object)
+{
+    const int depth = readBounded(object, "depth", 1, 0, 1);
+    auto bank = std::make_unique<SpriteBank>(Tintorel::Sprite(depth));
+    bank->setId(readId(object, "id", freshId()));
+    bank->setName(readString(object, "name"));
+    bank->setTransparency(readInt(object, "transparency", -1));
+    const QImage sheet = QImage::fromData(entry(ProjectEntry::spriteBank(bank->id())), "png");
+    if (sheet.isNull())
+        return fail(QStringLiteral("Project has a missing sprite anim"));
+    bank->setBankImage(sheet);
+
+    // After the picture, which sets the number of sprites the offsets fit.
+    const QJsonArray offsets = readArray(object, "offsets");
+    if (!offsets.isEmpty()) {
+        QByteArray bytes;
+        for (const QJsonValue& value : offsets)
+            bytes.append(char(uchar(value.toInt(0) & 0xFF)));
+        bank->setOffsets(bytes);
+    }
+    readSpriteAnimations(*bank, readArray(object, "animations"));
+    const QUuid palette = readId(object, "palette", QUuid());
+    bank->setPaletteId(palette);
+    bank->setPalette(mProject.palette(palette));
+    mProject.addSpriteBank(bank.release());
+    return true;
+}
+
+bool Reader::readImage(const QJsonObject& object)
+{
+    const int mode = readBounded(object, "type", 0, 0, int(Tintorel::ImageMode::LoRes_128x96));
+    auto image = std::make_unique<Image>(Tintorel::ImageMode(mode));
+    image->setId(readId(object, "id", QUuid()));
+    image->setName(readString(object, "name"));
+    const QImage picture = QImage::fromData(entry(ProjectEntry::image(image->id())), "png");
+    if (picture.isNull())
+        return fail(QStringLiteral("Failed to load tile image %1").arg(image->name()));
+    image->setImage(picture);
+    image->setPalette(mProject.palette(readId(object, "palette", QUuid())));
+    mProject.addImage(image.release());
+    return true;
+}
+
+void Reader::readScratch()
+{
+    const QList<QPointer<Palette>> palettes = mProject.palettes();
+    if (!mProject.palette(mProject.scratchPalette()) && !palettes.isEmpty() && palettes.first())
+        mProject.setScratchPalette(palettes.first()->id());
+    const QImage scratch = QImage::fromData(entry(ProjectEntry::scratch()), "png");
+    if (!scratch.isNull())
+        mProject.setScratchImage(scratch);
+}
+
+void Reader::readBlocks(const QJsonObject& object)
+{
+    auto blocks = std::make_unique<MapObjects>();
+    blocks->setId(readId(object, "id", QUuid()));
+    blocks->setName(readString(object, "name"));
+    const QUuid tileSet = readId(object, "tiles", QUuid());
+    blocks->setTileSetId(tileSet);
+    blocks->setTileSet(mProject.tileSet(tileSet));
+    readBlockAnimations(*blocks, readArray(object, "animations"));
+    mProject.addBlocks(blocks.release());
+}
+
+void Reader::rebuildObjectLayers()
+{
+    const QList<QPointer<MapObjects>> sets = mProject.blockLists();
+    const auto find = [&sets](const QUuid& id) -> const TileAnimation* {
+        for (const QPointer<MapObjects>& blocks : sets)
+            if (blocks)
+                if (const QSharedPointer<TileAnimation> animation = blocks->tileAnimation(id))
+                    return animation.data();
+        return nullptr;
+    };
+    for (const QPointer<Map>& map : mProject.maps())
+        if (map)
+            map->rebuildObjectLayer(find);
+}
+
+} // namespace
+
+bool readProjectJson(Project& project, const std::function<QByteArray(const QString&)>& entryReader,
+                     QString& errorOut)
+{
+    Reader reader(project, entryReader);
+    if (reader.read())
+        return true;
+    errorOut = reader.error();
+    return false;
+}

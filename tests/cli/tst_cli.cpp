@@ -1,0 +1,188 @@
+#include "model/map.h"
+#include "model/palette.h"
+#include "model/spritebank.h"
+#include "model/tileset.h"
+#include "project/project.h"
+#include "project/projectstore.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QtTest>
+
+// The command-line tool run as a makefile would run it.
+class TestCli : public QObject
+{
+    Q_OBJECT
+private slots:
+    void initTestCase();
+    void info();
+    void exportEverything();
+    void exportOneMap();
+    void importIntoNewAndExistingProjects();
+    void failedImportLeavesTheProjectAlone();
+    void render();
+    void failures_data();
+    void failures();
+
+private:
+    struct Result
+    {
+        int status;
+        QByteArray out;
+        QByteArray err;
+    };
+    Result run(const QStringList& arguments) const;
+
+    QTemporaryDir mDir;
+    QString mProject;
+};
+
+TestCli::Result TestCli::run(const QStringList& arguments) const
+{
+    QProcess process;
+    process.start(TINTOREL_CLI, arguments);
+    if (!process.waitForFinished(60000))
+        return { -1, {}, {} };
+    return { process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1, process.readAllStandardOutput(),
+             process.readAllStandardError() };
+}
+
+void TestCli::initTestCase()
+{
+    ProjectStore store;
+    const QPointer<Project> project = store.create("Game", false);
+    const auto palette = project->createPalette(CreateAction::Standard, "Colours");
+    const auto tiles = project->createTileSet("Tiles", palette->id(), 20);
+    const auto forest = project->createMap("Forest", tiles->id(), QSize(5, 4));
+    forest->setTile({ 0, 0 }, { 300, true, false, true, 5, true });
+    project->createMap("Cave", tiles->id(), QSize(2, 2));
+    const auto bank = project->createSpriteBank(Tintorel::Sprite::EightBit, "Hero", palette->id());
+    bank->addSprite();
+    project->createImage(Tintorel::ImageMode::Layer2_320x256, "Title", palette->id());
+    mProject = mDir.filePath("game.tintorel");
+    QVERIFY(store.saveAs(mProject));
+}
+
+void TestCli::info()
+{
+    const Result result = run({ "info", mProject });
+    QCOMPARE(result.status, 0);
+    const QJsonObject info = QJsonDocument::fromJson(result.out).object();
+    QCOMPARE(info["name"].toString(), QStringLiteral("Game"));
+    QVERIFY(!QUuid::fromString(info["id"].toString()).isNull());
+    const QJsonArray maps = info["maps"].toArray();
+    QCOMPARE(maps.size(), 2);
+    QCOMPARE(maps.at(0)["name"].toString(), QStringLiteral("Cave")); // sorted by name
+    QCOMPARE(maps.at(1)["size"]["width"].toInt(), 5);
+    QCOMPARE(maps.at(1)["size"]["height"].toInt(), 4);
+    QCOMPARE(info["tileSets"].toArray().at(0)["size"].toInt(), 20);
+    QCOMPARE(info["spriteBanks"].toArray().at(0)["size"].toInt(), 2);
+    QCOMPARE(info["images"].toArray().at(0)["size"].toString(), QStringLiteral("Layer2_320x256"));
+    QCOMPARE(info["palettes"].toArray().at(0)["name"].toString(), QStringLiteral("Colours"));
+}
+
+void TestCli::exportEverything()
+{
+    const QString out = mDir.filePath("all/assets");
+    const Result result = run({ "export", mProject, "--out", out });
+    QCOMPARE(result.status, 0);
+    const QDir dir(out);
+    QCOMPARE(QFileInfo(dir.filePath("Forest_tilemap.bin")).size(), 5 * 4 * 2);
+    QCOMPARE(QFileInfo(dir.filePath("Cave_tilemap.bin")).size(), 2 * 2 * 2);
+    QCOMPARE(QFileInfo(dir.filePath("Tiles_tiles.nxt")).size(), 20 * 32);
+    QCOMPARE(QFileInfo(dir.filePath("Colours_palette.bin")).size(), 512);
+    QCOMPARE(QFileInfo(dir.filePath("Hero.spr")).size(), 2 * 256);
+    QFile map(dir.filePath("Forest_tilemap.bin"));
+    QVERIFY(map.open(QIODevice::ReadOnly));
+    QCOMPARE(map.read(2), QByteArray::fromHex("2c5b"));
+}
+
+void TestCli::exportOneMap()
+{
+    const QString out = mDir.filePath("one");
+    QCOMPARE(run({ "export", mProject, "--out", out, "--map", "Cave" }).status, 0);
+    QCOMPARE(QDir(out).entryList(QDir::Files),
+             (QStringList { "Cave_tilemap.bin", "Colours_palette.bin", "Tiles_tiles.nxt" }));
+}
+
+void TestCli::importIntoNewAndExistingProjects()
+{
+    QImage picture(24, 16, QImage::Format_RGB32);
+    picture.fill(Qt::blue);
+    picture.setPixel(3, 3, qRgb(255, 255, 0));
+    const QString png = mDir.filePath("intro.png");
+    QVERIFY(picture.save(png));
+    const QString project = mDir.filePath("imported.tintorel");
+
+    QCOMPARE(run({ "import", png, "--project", project }).status, 0);
+    QVERIFY(!QFile::exists(project + ".bak"));
+    QJsonObject info = QJsonDocument::fromJson(run({ "info", project }).out).object();
+    QCOMPARE(info["name"].toString(), QStringLiteral("intro"));
+    QCOMPARE(info["maps"].toArray().at(0)["size"]["width"].toInt(), 3);
+
+    QCOMPARE(run({ "import", png, "--project", project }).status, 0);
+    QVERIFY(QFile::exists(project + ".bak"));
+    info = QJsonDocument::fromJson(run({ "info", project }).out).object();
+    QCOMPARE(info["maps"].toArray().size(), 2);
+}
+
+void TestCli::failedImportLeavesTheProjectAlone()
+{
+    QFile original(mProject);
+    QVERIFY(original.open(QIODevice::ReadOnly));
+    const QByteArray before = original.readAll();
+    const QString bad = mDir.filePath("bad.png");
+    QFile file(bad);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("no picture here");
+    file.close();
+    const Result result = run({ "import", bad, "--project", mProject });
+    QCOMPARE(result.status, 1);
+    QVERIFY(result.err.contains("Could not read the image file"));
+    QVERIFY(original.seek(0));
+    QCOMPARE(QFile(mProject).size(), before.size());
+    QVERIFY(!QFile::exists(mProject + ".bak"));
+}
+
+void TestCli::render()
+{
+    const QString png = mDir.filePath("forest.png");
+    QCOMPARE(run({ "render", mProject, "--map", "Forest", "--out", png, "--scale", "2" }).status, 0);
+    const QImage picture(png);
+    QCOMPARE(picture.size(), QSize(5 * 16, 4 * 16));
+    QCOMPARE(picture.depth(), 8); // one byte a pixel (a grey-only table is stored as grey)
+    QCOMPARE(run({ "render", mProject, "--map", "Forest", "--out", png, "--scale", "0" }).status, 2);
+}
+
+void TestCli::failures_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<int>("status");
+    QTest::addColumn<QString>("message");
+    const QString missing = QDir::temp().filePath("no-such-project.tintorel");
+    QTest::newRow("no arguments") << QStringList() << 2 << "Usage:";
+    QTest::newRow("unknown command") << QStringList { "draw" } << 2 << "Unknown command: draw";
+    QTest::newRow("export without --out") << QStringList { "export", "x.tintorel" } << 2 << "Usage:";
+    QTest::newRow("missing project") << QStringList { "info", missing } << 1 << "Invalid project file";
+    QTest::newRow("unknown map") << QStringList { "export", "PROJECT", "--out", "OUT", "--map", "Nope" } << 1
+                                 << "No map named Nope";
+}
+
+void TestCli::failures()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(int, status);
+    QFETCH(QString, message);
+    arguments.replaceInStrings("PROJECT", mProject);
+    arguments.replaceInStrings("OUT", mDir.filePath("out"));
+    const Result result = run(arguments);
+    QCOMPARE(result.status, status);
+    QVERIFY2(result.err.contains(message.toUtf8()), result.err.constData());
+    QVERIFY(result.out.isEmpty());
+}
+
+QTEST_GUILESS_MAIN(TestCli)
+#include "tst_cli.moc"
