@@ -1,6 +1,6 @@
 # The front door: `make run` to use the editor, `make test` to check it.
-PACKAGES := qt6-base-dev qt6-svg-dev libzip-dev pkg-config cmake g++ make \
-            xvfb xauth fonts-dejavu-core
+PACKAGES := qt6-base-dev qt6-svg-dev libzip-dev libdeflate-dev pkg-config cmake g++ make \
+            xvfb xauth fonts-dejavu-core zip
 JOBS     ?= $(shell nproc 2>/dev/null || echo 2)
 SUDO     := $(shell [ "$$(id -u)" = 0 ] || echo sudo)
 

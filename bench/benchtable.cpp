@@ -33,9 +33,9 @@ void BenchTable::measure(const QString& name, const QString& unit, double target
     mRows.append({ name, unit, median, target, runs });
 }
 
-void BenchTable::record(const QString& name, const QString& unit, double value, double target)
+void BenchTable::record(const QString& name, const QString& unit, double value, double target, int runs)
 {
-    mRows.append({ name, unit, value, target, 1 });
+    mRows.append({ name, unit, value, target, runs });
 }
 
 void BenchTable::print() const
@@ -45,14 +45,16 @@ void BenchTable::print() const
            QByteArray(12, '-').constData(), QByteArray(6, '-').constData(), QByteArray(6, '-').constData());
     for (const Row& row : mRows) {
         const QByteArray median = QString("%1 %2").arg(row.median, 0, 'f', 3).arg(row.unit).toUtf8();
-        const QByteArray target = QString("< %1 %2").arg(row.target).arg(row.unit).toUtf8();
+        const bool info = row.target <= 0;
+        const QByteArray target = info ? QByteArray("-") : QString("< %1 %2").arg(row.target).arg(row.unit).toUtf8();
         printf("| %-60s | %12s | %10s | %4d | %-4s |\n", row.name.toUtf8().constData(), median.constData(),
-               target.constData(), row.runs, row.median < row.target ? "yes" : "NO");
+               target.constData(), row.runs, info ? "" : row.median < row.target ? "yes" : "NO");
     }
     fflush(stdout);
 }
 
 bool BenchTable::allMet() const
 {
-    return std::all_of(mRows.begin(), mRows.end(), [](const Row& row) { return row.median < row.target; });
+    return std::all_of(mRows.begin(), mRows.end(),
+                       [](const Row& row) { return row.target <= 0 || row.median < row.target; });
 }

@@ -12,8 +12,9 @@ public:
     // the given unit ("s", "ms" or "us"), divided by `perCall` repetitions.
     void measure(const QString& name, const QString& unit, double target, int runs,
                  const std::function<void()>& work, int perCall = 1);
-    // A figure measured once, such as a memory size.
-    void record(const QString& name, const QString& unit, double value, double target);
+    // A figure measured elsewhere, such as a memory size or a median taken
+    // beside another; a target of 0 marks a figure shown for comparison.
+    void record(const QString& name, const QString& unit, double value, double target, int runs = 1);
     void print() const;
     bool allMet() const;
 

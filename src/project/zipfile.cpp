@@ -1,8 +1,11 @@
 #include "project/zipfile.h"
 
+#include "project/deflater.h"
+
 #include <QBuffer>
 #include <QImage>
 #include <QtDebug>
+#include <QtEndian>
 
 #include <zip.h>
 
@@ -37,7 +40,81 @@ QString describe(int libzipError)
     return text;
 }
 
+// Marks every deflated entry as compressed at the highest level (bit 1 of
+// the general-purpose flags, in the central and the local header), which
+// libzip leaves clear for data that it did not compress itself.
+void markMaximumCompression(QByteArray& archive)
+{
+    auto u16 = [&archive](qsizetype at) { return qFromLittleEndian<quint16>(archive.constData() + at); };
+    auto u32 = [&archive](qsizetype at) { return qFromLittleEndian<quint32>(archive.constData() + at); };
+    auto mark = [&archive, &u16](qsizetype at) { qToLittleEndian<quint16>(u16(at) | 2, archive.data() + at); };
+    const qsizetype end = archive.size() - EndRecordSize;
+    if (end < 0 || u32(end) != 0x06054b50)
+        return;
+    const int count = u16(end + 10);
+    qsizetype at = qsizetype(u32(end + 16));
+    for (int i = 0; i < count && at + 46 <= end && u32(at) == 0x02014b50; ++i) {
+        const qsizetype local = qsizetype(u32(at + 42));
+        if (u16(at + 10) == ZIP_CM_DEFLATE && local + 30 <= end && u32(local) == 0x04034b50) {
+            mark(at + 8);
+            mark(local + 6);
+        }
+        at += 46 + u16(at + 28) + u16(at + 30) + u16(at + 32);
+    }
+}
+
 } // namespace
+
+// One entry's data, deflated before it reaches libzip, which then copies it
+// into the archive as it is instead of compressing it again.
+struct ZipFile::Deflated
+{
+    QByteArray data;
+    quint64 size = 0;
+    quint32 crc = 0;
+    qint64 position = 0;
+    zip_error_t error {};
+
+    static zip_int64_t callback(void* state, void* data, zip_uint64_t length, zip_source_cmd_t command);
+};
+
+zip_int64_t ZipFile::Deflated::callback(void* state, void* data, zip_uint64_t length, zip_source_cmd_t command)
+{
+    auto* entry = static_cast<Deflated*>(state);
+    switch (command) {
+    case ZIP_SOURCE_OPEN:
+        entry->position = 0;
+        return 0;
+    case ZIP_SOURCE_READ: {
+        const zip_uint64_t left = zip_uint64_t(entry->data.size() - entry->position);
+        const zip_uint64_t count = qMin(length, left);
+        std::memcpy(data, entry->data.constData() + entry->position, count);
+        entry->position += qint64(count);
+        return zip_int64_t(count);
+    }
+    case ZIP_SOURCE_CLOSE:
+    case ZIP_SOURCE_FREE: // the ZipFile owns it
+        return 0;
+    case ZIP_SOURCE_STAT: {
+        auto* stat = static_cast<zip_stat_t*>(data);
+        zip_stat_init(stat);
+        stat->valid = ZIP_STAT_SIZE | ZIP_STAT_COMP_SIZE | ZIP_STAT_COMP_METHOD | ZIP_STAT_CRC;
+        stat->size = entry->size;
+        stat->comp_size = zip_uint64_t(entry->data.size());
+        stat->comp_method = ZIP_CM_DEFLATE;
+        stat->crc = entry->crc;
+        return sizeof(zip_stat_t);
+    }
+    case ZIP_SOURCE_ERROR:
+        return zip_error_to_data(&entry->error, data, length);
+    case ZIP_SOURCE_SUPPORTS:
+        return zip_source_make_command_bitmap(ZIP_SOURCE_OPEN, ZIP_SOURCE_READ, ZIP_SOURCE_CLOSE, ZIP_SOURCE_STAT,
+                                              ZIP_SOURCE_ERROR, ZIP_SOURCE_FREE, -1);
+    default:
+        zip_error_set(&entry->error, ZIP_ER_OPNOTSUPP, 0);
+        return -1;
+    }
+}
 
 ZipFile::ZipFile(QObject* parent)
     : QObject(parent)
@@ -154,10 +231,17 @@ bool ZipFile::write(const QString& name, const QByteArray& bytes)
 {
     if (mMode != Mode::Writing || !usableName(name) || name.startsWith(QLatin1Char('/')))
         return false;
-    // libzip reads the data only in zip_close. A deep copy that we own until
-    // then, because the caller's array may be raw data that dies sooner.
-    const QByteArray kept(bytes.constData(), bytes.size());
-    zip_source_t* source = zip_source_buffer(mArchive, kept.constData(), zip_uint64_t(kept.size()), 0);
+    if (!mDeflater)
+        mDeflater = std::make_unique<Deflater>();
+    auto entry = std::make_unique<Deflated>();
+    entry->data = mDeflater->compress(bytes);
+    entry->size = quint64(bytes.size());
+    entry->crc = Deflater::crc32(bytes);
+    if (entry->data.isEmpty())
+        return false;
+    zip_error_init(&entry->error);
+    // libzip reads the data only in zip_close; the entry lives until then.
+    zip_source_t* source = zip_source_function(mArchive, &Deflated::callback, entry.get());
     if (!source)
         return false;
     const zip_int64_t index = zip_file_add(mArchive, name.toUtf8().constData(), source, ZIP_FL_ENC_UTF_8);
@@ -165,11 +249,7 @@ bool ZipFile::write(const QString& name, const QByteArray& bytes)
         zip_source_free(source);
         return false;
     }
-    if (zip_set_file_compression(mArchive, zip_uint64_t(index), ZIP_CM_DEFLATE, 9) < 0) {
-        zip_delete(mArchive, zip_uint64_t(index));
-        return false;
-    }
-    mEntries.append(kept);
+    mEntries.push_back(std::move(entry));
     return true;
 }
 
@@ -202,7 +282,7 @@ QByteArray ZipFile::finishedArchive()
     zip_t* archive = std::exchange(mArchive, nullptr);
     // With no entries libzip finishes by removing the archive altogether, but
     // an empty project file should still open.
-    if (mEntries.isEmpty()) {
+    if (mEntries.empty()) {
         zip_discard(archive);
         return emptyArchive();
     }
@@ -220,7 +300,10 @@ QByteArray ZipFile::finishedArchive()
     QByteArray bytes(qsizetype(stat.size), Qt::Uninitialized);
     const bool complete = zip_source_read(mBuffer, bytes.data(), stat.size) == zip_int64_t(stat.size);
     zip_source_close(mBuffer);
-    return complete ? bytes : QByteArray();
+    if (!complete)
+        return {};
+    markMaximumCompression(bytes);
+    return bytes;
 }
 
 void ZipFile::release()

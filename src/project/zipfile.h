@@ -2,7 +2,10 @@
 #include <QFile>
 #include <QList>
 #include <QObject>
+#include <memory>
+#include <vector>
 
+class Deflater;
 class QImage;
 struct zip;
 struct zip_source;
@@ -42,5 +45,7 @@ private:
     zip* mArchive = nullptr;
     zip_source* mBuffer = nullptr; // the archive's bytes while writing
     QFile mFile;                   // opened by openWrite, filled by close
-    QList<QByteArray> mEntries;    // written data, read by libzip only in close
+    struct Deflated;
+    std::vector<std::unique_ptr<Deflated>> mEntries; // read by libzip only in close
+    std::unique_ptr<Deflater> mDeflater;
 };
