@@ -1,4 +1,7 @@
 #include "interchange/imageslicer.h"
+#include "interchange/spritepictureimport.h"
+#include "model/palette.h"
+#include "model/spritebank.h"
 #include "model/transform.h"
 
 #include <QSignalSpy>
@@ -17,6 +20,7 @@ private slots:
     void seventeenColoursStopTheBuild();
     void spritesAreNotMerged();
     void progressCountsRows();
+    void spritePictureFillsTheBank();
 };
 
 namespace {
@@ -170,6 +174,21 @@ void TestImageSlicer::progressCountsRows()
     QCOMPARE(slicer.stepCount(), 3);
     QCOMPARE(progress.count(), 3);
     QCOMPARE(progress.last().at(0).toInt(), 3);
+}
+
+void TestImageSlicer::spritePictureFillsTheBank()
+{
+    QImage picture(40, 20, QImage::Format_RGB32);
+    picture.fill(Qt::white);
+    picture.setPixel(17, 0, qRgb(255, 0, 0));
+    Palette palette;
+    SpriteBank bank(Tintorel::Sprite::EightBit);
+    bank.setPalette(&palette);
+    QCOMPARE(importSpritePicture(bank, picture), 2);
+    QCOMPARE(bank.spriteCount(), 2); // the first piece went into the bank's own sprite
+    QCOMPARE(bank.sprite(1).pixelIndex(1, 0), 1);
+    QCOMPARE(palette.colour(0), QColor(Qt::white));
+    QCOMPARE(palette.colour(1), QColor(Qt::red));
 }
 
 QTEST_GUILESS_MAIN(TestImageSlicer)

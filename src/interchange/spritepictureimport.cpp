@@ -1,0 +1,23 @@
+#include "interchange/spritepictureimport.h"
+
+#include "interchange/imageslicer.h"
+#include "model/palette.h"
+#include "model/spritebank.h"
+
+int importSpritePicture(SpriteBank& bank, const QImage& picture)
+{
+    constexpr int SpriteSize = 16;
+    ImageSlicer slicer(picture);
+    const int count = slicer.sliceSprites(SpriteSize);
+    for (int i = 0; i < count; ++i) {
+        if (i > 0)
+            bank.addSprite(true);
+        bank.setImage(i, slicer.piece(i));
+    }
+    if (const QPointer<Palette> palette = bank.palette()) {
+        const QList<QRgb> colours = slicer.colours();
+        for (int i = 0; i < colours.size() && i < Palette::Size; ++i)
+            palette->setColour(i, QColor::fromRgb(colours.at(i)), false);
+    }
+    return count;
+}
