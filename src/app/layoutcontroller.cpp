@@ -52,3 +52,21 @@ void LayoutController::resetLayout()
     mWindow->resizeDocks({ mDocks.project, mDocks.tile }, { 240, 300 }, Qt::Horizontal);
     mWindow->resizeDocks({ mDocks.tilePicker }, { 160 }, Qt::Vertical);
 }
+
+void LayoutController::restoreWindow(const QByteArray& state, const QByteArray& geometry)
+{
+    if (!geometry.isEmpty())
+        mWindow->restoreGeometry(geometry);
+    if (!state.isEmpty())
+        mWindow->restoreState(state);
+}
+
+QByteArray LayoutController::windowState() const
+{
+    return mWindow->saveState();
+}
+
+QByteArray LayoutController::windowGeometry() const
+{
+    return mWindow->saveGeometry();
+}

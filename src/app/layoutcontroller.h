@@ -30,6 +30,12 @@ public:
 
     const Docks& docks() const { return mDocks; }
 
+    // The window's arrangement as saved between runs; empty bytes keep the
+    // default layout.
+    void restoreWindow(const QByteArray& state, const QByteArray& geometry);
+    QByteArray windowState() const;
+    QByteArray windowGeometry() const;
+
 public slots:
     void resetLayout();
 

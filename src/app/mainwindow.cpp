@@ -1,14 +1,49 @@
 #include "app/mainwindow.h"
 
+#include "app/editmenu.h"
+#include "app/filemenu.h"
+#include "app/imagemenu.h"
+#include "app/mapmenu.h"
+#include "app/palettemenu.h"
+#include "app/spritemenu.h"
+#include "app/tilemenu.h"
 #include "app/viewmenu.h"
+#include "model/image.h"
+#include "model/palette.h"
+#include "model/spritebank.h"
+#include "model/tileset.h"
+#include "project/project.h"
 #include "project/version.h"
 
 #include <QCloseEvent>
 #include <QDockWidget>
+#include <QFileInfo>
+#include <QJsonObject>
+#include <QMessageBox>
+#include <QMimeData>
 #include <QStatusBar>
+
+namespace {
+
+QString droppedFile(const QMimeData* mime)
+{
+    if (!mime || !mime->hasUrls() || mime->urls().size() != 1 || !mime->urls().first().isLocalFile())
+        return {};
+    return mime->urls().first().toLocalFile();
+}
+
+} // namespace
 
 MainWindow::MainWindow(QWidget* parent)
     : QMainWindow(parent)
+    , mMenuBar(this)
+    , mMessageDialog(this)
+    , mSaveDialog(this, tr("Save project"), QString(), tr("Project file (*.tintorel)"))
+    , mViews { &mTabView,         &mProjectWindow,    &mPaletteWindow, &mTileWindow, &mSpriteWindow,
+               &mTilePicker,      &mBlockSelector,    &mMapSpritesWindow, nullptr,   &mMenuBar,
+               nullptr }
+    , mDocumentController(mViews, &mProjectController)
+    , mProjectActions(this, mViews, &mProjectController, &mDocumentController)
     , mLayout(this,
               { &mProjectWindow, &mPaletteWindow, &mTileWindow, &mSpriteWindow, &mTilePicker, &mBlockSelector,
                 &mMapSpritesWindow },
@@ -16,6 +51,7 @@ MainWindow::MainWindow(QWidget* parent)
 {
     setUnifiedTitleAndToolBarOnMac(true);
     setDocumentMode(true);
+    setAcceptDrops(true);
 
     auto* status = new QStatusBar(this);
     status->addPermanentWidget(&mStatusLabel);
@@ -25,26 +61,234 @@ MainWindow::MainWindow(QWidget* parent)
     setWindowIcon(QIcon(QStringLiteral(":Application")));
     setCentralWidget(&mTabView);
     mLayout.resetLayout();
+    ProjectStore& store = mProjectController.store();
+    connect(&store, &ProjectStore::loadError, this, &MainWindow::showError);
+    connect(&store, &ProjectStore::saveError, this, &MainWindow::showError);
 
     setMenuBar(&mMenuBar);
+    addToolBar(mMenuBar.fileMenu()->toolBar());
 
-    ViewMenu* view = mMenuBar.viewMenu();
-    connect(view, &ViewMenu::toggleStatusBar, status, &QStatusBar::setVisible);
-    view->setScratchEnabled(false);
-
-    // Until a project is open there is nothing for the docks to show.
-    for (QDockWidget* dock : mLayout.docks().all())
-        dock->setEnabled(false);
+    connect(&store, &ProjectStore::showMessage, status, &QStatusBar::showMessage);
+    connect(status, &QStatusBar::messageChanged, this, &MainWindow::messageChanged);
+    connectMenus();
+    connectProjectController();
 
     show();
     status->showMessage(windowTitle());
+    for (QDockWidget* dock : docks())
+        dock->setEnabled(false);
+    mTabView.setEnabled(false);
+    mMenuBar.setProject(nullptr);
 }
 
-MainWindow::~MainWindow() = default;
+MainWindow::~MainWindow()
+{
+    mProjectController.close();
+}
+
+QList<QDockWidget*> MainWindow::docks()
+{
+    return mLayout.docks().all();
+}
+
+void MainWindow::connectMenus()
+{
+    FileMenu* file = mMenuBar.fileMenu();
+    connect(file, &FileMenu::newProject, &mProjectController, &ProjectController::newProject);
+    connect(file, &FileMenu::openProject, &mProjectController, &ProjectController::openProject);
+    connect(file, &FileMenu::saveProject, &mProjectController, &ProjectController::save);
+    connect(file, &FileMenu::saveProjectAs, &mProjectController, &ProjectController::saveAs);
+    connect(file, &FileMenu::closeProject, this, [this] {
+        if (mProjectController.confirmClose())
+            mProjectController.close();
+    });
+    connect(file, &FileMenu::quit, this, &QWidget::close);
+    connect(&mProjectController, &ProjectController::recentFileAdded, file, &FileMenu::addRecent);
+
+    mMenuBar.editMenu()->setUndoGroup(mDocumentController.undoGroup());
+
+    ViewMenu* view = mMenuBar.viewMenu();
+    connect(view, &ViewMenu::toggleStatusBar, statusBar(), &QStatusBar::setVisible);
+    connect(view, &ViewMenu::toggleScratch, &mTabView, &DocumentTabView::setScratchEditorVisible);
+    view->setScratchEnabled(false);
+
+    TileMenu* tiles = mMenuBar.tileMenu();
+    connect(tiles, &TileMenu::createTiles, &mProjectActions, &ProjectActions::createTileSet);
+    connect(tiles, &TileMenu::createBlocks, &mProjectActions, &ProjectActions::createBlocks);
+    connect(tiles, &TileMenu::swapPalette, this, &MainWindow::changeTilePalette);
+    connect(tiles, &TileMenu::importZXFont, this, &MainWindow::importZXFont);
+    connect(tiles, &TileMenu::nextTile, this, &MainWindow::nextTile);
+    connect(tiles, &TileMenu::previousTile, this, &MainWindow::previousTile);
+
+    SpriteMenu* sprites = mMenuBar.spriteMenu();
+    connect(sprites, &SpriteMenu::create, &mProjectActions, &ProjectActions::createSprites);
+    connect(sprites, &SpriteMenu::swapPalette, this, &MainWindow::changeSpritePalette);
+
+    MapMenu* maps = mMenuBar.mapMenu();
+    connect(maps, &MapMenu::create, &mProjectActions, &ProjectActions::createMap);
+    connect(maps, &MapMenu::importRequested, &mProjectActions, &ProjectActions::importMap);
+
+    connect(mMenuBar.imageMenu(), &ImageMenu::createImage, this,
+            [this](const QString& name, Tintorel::ImageMode mode, const QUuid& paletteId) {
+                if (const QPointer<Project> project = mProjectController.project())
+                    if (const QPointer<Image> image = project->createImage(mode, name, paletteId))
+                        mDocumentController.setActiveImageEditor(image->id());
+            });
+
+    for (AssetMenu* menu : std::initializer_list<AssetMenu*> { tiles, sprites, maps, mMenuBar.paletteMenu(),
+                                                               mMenuBar.imageMenu() })
+        menu->showError = [this](const QString& title, const QString& message) {
+            mMessageDialog.showMessage(title, title, message);
+        };
+
+    connect(&mDocumentController, &DocumentController::activePaletteChanged, this,
+            [this](const QUuid& id) { mMenuBar.paletteMenu()->setCurrentPalette(id); });
+    connect(&mDocumentController, &DocumentController::activeTileSetChanged, tiles, &TileMenu::setCurrentTileSet);
+    connect(&mDocumentController, &DocumentController::activeMapChanged, maps, &MapMenu::setMap);
+    connect(&mDocumentController, &DocumentController::activeSpritesChanged, this,
+            [this](const QUuid& id) { mMenuBar.spriteMenu()->setCurrentBank(id); });
+
+    connect(&mProjectWindow, &ProjectWindow::selectedPaletteChanged, &mDocumentController,
+            &DocumentController::setActivePalette);
+    connect(&mProjectWindow, &ProjectWindow::selectedTileSetChanged, &mDocumentController,
+            &DocumentController::setActiveTileSet);
+    connect(&mProjectWindow, &ProjectWindow::selectedBlocksChanged, &mDocumentController,
+            &DocumentController::setActiveBlockEditor);
+    connect(&mProjectWindow, &ProjectWindow::selectedSpritesChanged, &mDocumentController,
+            &DocumentController::setActiveSpriteEditor);
+    connect(&mProjectWindow, &ProjectWindow::selectedMapChanged, &mDocumentController,
+            &DocumentController::setActiveMap);
+    connect(&mProjectWindow, &ProjectWindow::selectedImageChanged, &mDocumentController,
+            &DocumentController::setActiveImageEditor);
+    connect(&mProjectWindow, &ProjectWindow::assetRenamed, this,
+            [this](ProjectTree::ProjectNode, const QUuid& id, const QString& name) { mTabView.renameDocument(id, name); });
+    connect(&mProjectActions, &ProjectActions::assetDeleted, this,
+            [this](ProjectTree::ProjectNode node, const QUuid& id) {
+                if (node == ProjectTree::Map)
+                    mMenuBar.mapMenu()->setMap(QUuid());
+                if (node == ProjectTree::Sprites && mMenuBar.spriteMenu()->currentBankId() == id)
+                    mMenuBar.spriteMenu()->setCurrentBank(QUuid());
+                if (node == ProjectTree::TileSet && mDocumentController.activeTileSet() == id)
+                    mMenuBar.tileMenu()->setCurrentTileSet(QUuid());
+            });
+}
+
+void MainWindow::connectProjectController()
+{
+    ProjectController& projects = mProjectController;
+    projects._backupOnSave = [this] { return mPreferences.object().value("backupOnSave").toBool(true); };
+    projects.promptUnsaved = [this](const QString& name) {
+        const auto answer = QMessageBox::warning(this, tr("Unsaved Changes"),
+                                                 tr("Save the changes to %1 before closing it?").arg(name),
+                                                 QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel,
+                                                 QMessageBox::Save);
+        return answer == QMessageBox::Save      ? ProjectController::UnsavedAnswer::Save
+               : answer == QMessageBox::Discard ? ProjectController::UnsavedAnswer::Discard
+                                                : ProjectController::UnsavedAnswer::Cancel;
+    };
+    mSaveDialog.setAcceptMode(QFileDialog::AcceptSave);
+    mSaveDialog.setDefaultSuffix(QStringLiteral("tintorel"));
+    projects.askSavePath = [this] {
+        mSaveDialog.setDirectory(mMenuBar.files()->lastPath());
+        if (mSaveDialog.exec() != QDialog::Accepted || mSaveDialog.selectedFiles().isEmpty())
+            return QString();
+        return mSaveDialog.selectedFiles().first();
+    };
+    projects.setUpdatesEnabled = [this](bool enabled) { setUpdatesEnabled(enabled); };
+    connect(&projects, &ProjectController::projectOpened, this, &MainWindow::projectOpened);
+    connect(&projects, &ProjectController::projectClosing, this, &MainWindow::projectClosing);
+    connect(&projects, &ProjectController::projectClosed, this, &MainWindow::projectClosed);
+    connect(&projects, &ProjectController::error, this, &MainWindow::showError);
+}
+
+void MainWindow::projectOpened(Project* project)
+{
+    setWindowTitle(QStringLiteral("%2 - %1").arg(project->name(), applicationName()));
+    mProjectWindow.setEnabled(true);
+    mProjectWindow.setProject(project);
+    connect(project, qOverload<QString>(&Project::showMessage), statusBar(),
+            [this](const QString& message) { statusBar()->showMessage(message, 2500); });
+    connect(project, qOverload<QString, int>(&Project::showMessage), statusBar(), &QStatusBar::showMessage);
+    connect(project, &Project::error, this, &MainWindow::showError);
+    mTabView.setEnabled(true);
+    mMenuBar.viewMenu()->setScratchEnabled(true);
+    mMenuBar.setProject(project);
+}
+
+void MainWindow::projectClosing()
+{
+    mTabView.setEnabled(false);
+    mTabView.clearDocuments();
+    mMenuBar.viewMenu()->setScratchEnabled(false);
+    for (QDockWidget* dock : docks())
+        dock->setEnabled(false);
+}
+
+void MainWindow::projectClosed()
+{
+    setWindowTitle(applicationName());
+    mProjectWindow.setProject(nullptr);
+    mMenuBar.setProject(nullptr);
+}
+
+void MainWindow::showError(const QString& name)
+{
+    mMessageDialog.showMessage(tr("Warning!"), tr("Warning!"), name);
+}
+
+void MainWindow::messageChanged(const QString& message)
+{
+    const QString path = mProjectController.store().filePath();
+    if (!message.isEmpty() || path.isEmpty() || !mProjectController.project())
+        return;
+    statusBar()->showMessage(QStringLiteral("%1 [%2]").arg(mProjectController.project()->name(), path));
+}
+
+// The tile window's editor arrives with the tile editor; until then there is
+// no current tile to step from.
+void MainWindow::nextTile() {}
+void MainWindow::previousTile() {}
+
+void MainWindow::changeSpritePalette(const QUuid& paletteId)
+{
+    const QPointer<Project> project = mProjectController.project();
+    if (!project)
+        return;
+    const QPointer<SpriteBank> bank = project->spriteBank(mMenuBar.spriteMenu()->currentBankId());
+    const QPointer<Palette> palette = project->palette(paletteId);
+    if (bank && palette) {
+        bank->setPaletteId(paletteId);
+        bank->setPalette(palette);
+    }
+}
+
+void MainWindow::changeTilePalette(const QUuid& paletteId)
+{
+    const QPointer<Project> project = mProjectController.project();
+    if (!project)
+        return;
+    const QPointer<TileSet> tiles = project->tileSet(mDocumentController.activeTileSet());
+    const QPointer<Palette> palette = project->palette(paletteId);
+    if (tiles && palette)
+        tiles->setPalette(palette);
+}
+
+void MainWindow::importZXFont(int index, int foreIndex, int backIndex, int offset, const QString& file)
+{
+    const QPointer<Project> project = mProjectController.project();
+    const QPointer<TileSet> tiles = project ? project->tileSet(mDocumentController.activeTileSet()) : nullptr;
+    if (tiles && !tiles->importZXFont(index, foreIndex, backIndex, offset, file))
+        showError(tr("Read error"));
+}
 
 void MainWindow::showEvent(QShowEvent* event)
 {
     if (mFirstShow) {
+        mAppState.load();
+        mPreferences = mAppState.loadPreferences();
+        mLayout.restoreWindow(mAppState.windowState(), mAppState.windowGeometry());
+        mMenuBar.fileMenu()->setRecent(mAppState.recent());
+        mMenuBar.files()->setLastPath(mAppState.lastPath());
         mFirstShow = false;
         mMenuBar.viewMenu()->setChecked(ViewMenu::StatusBar, statusBar()->isVisible());
     }
@@ -53,5 +297,36 @@ void MainWindow::showEvent(QShowEvent* event)
 
 void MainWindow::closeEvent(QCloseEvent* event)
 {
+    if (!mProjectController.confirmClose()) {
+        event->ignore();
+        return;
+    }
+    mTabView.clearDocuments();
+    mAppState.setWindowState(mLayout.windowState());
+    mAppState.setWindowGeometry(mLayout.windowGeometry());
+    mAppState.setRecent(mMenuBar.fileMenu()->recent());
+    mAppState.setLastPath(mMenuBar.files()->lastPath());
+    mAppState.save();
+    mAppState.savePreferences(mPreferences);
     event->accept();
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (!droppedFile(event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event)
+{
+    const QString file = droppedFile(event->mimeData());
+    if (file.isEmpty())
+        return;
+    event->acceptProposedAction();
+    // A project opens; anything else is a picture or a NextTiles set for the
+    // open project.
+    if (QFileInfo(file).suffix().toLower() == QLatin1String("tintorel"))
+        mProjectController.openProject(file);
+    else if (mProjectController.project())
+        mProjectActions.importMap(file);
 }

@@ -1,7 +1,12 @@
 #pragma once
+#include "app/appstate.h"
+#include "app/documentcontroller.h"
 #include "app/documenttabview.h"
+#include "app/documentviews.h"
 #include "app/layoutcontroller.h"
 #include "app/menubar.h"
+#include "app/projectactions.h"
+#include "app/projectcontroller.h"
 #include "app/projectwindow.h"
 #include "editors/block/blockselectorwindow.h"
 #include "editors/palette/palettewindow.h"
@@ -9,7 +14,10 @@
 #include "editors/tile/tilepickertool.h"
 #include "editors/tile/tilewindow.h"
 #include "mapeditor/mapspriteswindow.h"
+#include "ui/messagedialog.h"
 
+#include <QFileDialog>
+#include <QJsonDocument>
 #include <QLabel>
 #include <QMainWindow>
 
@@ -31,13 +39,36 @@ public:
     MapSpritesWindow* mapSpritesWindow() { return &mMapSpritesWindow; }
     DocumentTabView* tabView() { return &mTabView; }
     MenuBar* menus() { return &mMenuBar; }
+    ProjectController* projectController() { return &mProjectController; }
+    AppState* appState() { return &mAppState; }
+    MessageDialog* messageDialog() { return &mMessageDialog; }
+    DocumentController* documentController() { return &mDocumentController; }
+    ProjectActions* projectActions() { return &mProjectActions; }
     LayoutController* layoutController() { return &mLayout; }
+
+public slots:
+    void showError(const QString& name);
+    void messageChanged(const QString& message);
+    void nextTile();
+    void previousTile();
+    void changeSpritePalette(const QUuid& paletteId);
+    void changeTilePalette(const QUuid& paletteId);
+    void importZXFont(int index, int foreIndex, int backIndex, int offset, const QString& file);
 
 protected:
     void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
+    void connectMenus();
+    void connectProjectController();
+    void projectOpened(Project* project);
+    void projectClosing();
+    void projectClosed();
+    QList<QDockWidget*> docks();
+
     ProjectWindow mProjectWindow;
     PaletteWindow mPaletteWindow;
     TileWindow mTileWindow;
@@ -48,6 +79,14 @@ private:
     DocumentTabView mTabView;
     QLabel mStatusLabel;
     MenuBar mMenuBar;
+    ProjectController mProjectController;
+    AppState mAppState;
     bool mFirstShow = true;
+    QJsonDocument mPreferences;
+    MessageDialog mMessageDialog;
+    QFileDialog mSaveDialog;
+    DocumentViews mViews;
+    DocumentController mDocumentController;
+    ProjectActions mProjectActions;
     LayoutController mLayout;
 };

@@ -304,3 +304,8 @@ QPointer<Image> Project::createImage(Tintorel::ImageMode mode, const QString& na
     emit imageCreated(image);
     return image;
 }
+
+bool Project::deleteImage(const QUuid& id)
+{
+    return remove(mImages, id);
+}

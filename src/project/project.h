@@ -88,6 +88,7 @@ public slots:
     QPointer<SpriteBank> createSpriteBank(Tintorel::Sprite depth, const QString& name, const QUuid& palette);
     bool deleteSpriteBank(const QUuid& id);
     QPointer<Image> createImage(Tintorel::ImageMode mode, const QString& name, const QUuid& paletteId);
+    bool deleteImage(const QUuid& id);
     QHash<QUuid, QString> paletteNames() const;
 
 signals:

@@ -2,12 +2,14 @@
 #include "app/viewmenu.h"
 
 #include <QStatusBar>
+#include <QTemporaryDir>
 #include <QtTest>
 
 class TestMainWindow : public QObject
 {
     Q_OBJECT
 private slots:
+    void initTestCase();
     void frame();
     void docks_data();
     void docks();
@@ -140,6 +142,13 @@ void TestMainWindow::statusBarFollowsViewMenu()
     QVERIFY(window.statusBar()->isHidden());
     item->trigger();
     QVERIFY(!window.statusBar()->isHidden());
+}
+
+void TestMainWindow::initTestCase()
+{
+    // The window reads and writes its state under the home folder.
+    static QTemporaryDir home;
+    qputenv("HOME", QFile::encodeName(home.path()));
 }
 
 QTEST_MAIN(TestMainWindow)

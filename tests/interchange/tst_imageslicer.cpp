@@ -11,7 +11,7 @@ class TestImageSlicer : public QObject
 {
     Q_OBJECT
 private slots:
-    void marginIsDropped();
+    void marginIsDroppedAndRowsCounted();
     void orientationsMakeOneTile_data();
     void orientationsMakeOneTile();
     void symmetricTileTakesLowestFlags();
@@ -19,7 +19,6 @@ private slots:
     void sharedColoursKeepTheirSlots();
     void seventeenColoursStopTheBuild();
     void spritesAreNotMerged();
-    void progressCountsRows();
     void spritePictureFillsTheBank();
 };
 
@@ -69,14 +68,18 @@ QImage drawn(const ImageSlicer& slicer, int column)
 
 } // namespace
 
-void TestImageSlicer::marginIsDropped()
+void TestImageSlicer::marginIsDroppedAndRowsCounted()
 {
-    QImage picture(20, 20, QImage::Format_RGB32);
+    QImage picture(20, 28, QImage::Format_RGB32);
     picture.fill(Qt::red);
     ImageSlicer slicer(picture);
+    QSignalSpy progress(&slicer, &ImageSlicer::processed);
     QCOMPARE(slicer.sliceTiles(), 1);
     QCOMPARE(slicer.columns(), 2);
-    QCOMPARE(slicer.rows(), 2);
+    QCOMPARE(slicer.rows(), 3);
+    QCOMPARE(slicer.stepCount(), 3);
+    QCOMPARE(progress.count(), 3);
+    QCOMPARE(progress.last().at(0).toInt(), 3);
     QCOMPARE(slicer.cell(1, 1).index, 0);
     QVERIFY(slicer.cell(1, 1).visible);
     QCOMPARE(slicer.cell(2, 0), TileMap::TileData());
@@ -162,18 +165,6 @@ void TestImageSlicer::spritesAreNotMerged()
     QCOMPARE(slicer.piece(1).size(), QSize(16, 16));
     QCOMPARE(slicer.colours(), (QList<QRgb> { qRgb(0, 0, 255) }));
     QCOMPARE(slicer.sliceSprites(0), 0);
-}
-
-void TestImageSlicer::progressCountsRows()
-{
-    QImage picture(16, 24, QImage::Format_RGB32);
-    picture.fill(Qt::green);
-    ImageSlicer slicer(picture);
-    QSignalSpy progress(&slicer, &ImageSlicer::processed);
-    slicer.sliceTiles();
-    QCOMPARE(slicer.stepCount(), 3);
-    QCOMPARE(progress.count(), 3);
-    QCOMPARE(progress.last().at(0).toInt(), 3);
 }
 
 void TestImageSlicer::spritePictureFillsTheBank()

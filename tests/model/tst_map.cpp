@@ -13,10 +13,9 @@ class TestMap : public QObject
 {
     Q_OBJECT
 private slots:
-    void newMap();
+    void newMapHasBothLayersAtItsSize();
     void placeAndRemoveBlock();
-    void placingOverABlockReplacesIt();
-    void blockMustFitTheMap();
+    void placingReplacesOverlappedBlocksAndMustFit();
     void resizeMovesAndDropsObjects();
     void rowAndColumnEditsAtTheStartShiftObjects_data();
     void rowAndColumnEditsAtTheStartShiftObjects();
@@ -51,18 +50,12 @@ std::unique_ptr<TileAnimation> makeBlock()
 
 } // namespace
 
-void TestMap::newMap()
+void TestMap::newMapHasBothLayersAtItsSize()
 {
     Map map("Level", QSize(5, 3));
     QSignalSpy named(&map, &Map::nameChanged);
     QCOMPARE(map.size(), QSize(5, 3));
     QCOMPARE(map.objectMap()->size(), QSize(5, 3));
-    QVERIFY(map.tileLayerVisible());
-    QVERIFY(!map.objectLayerVisible());
-    QVERIFY(map.spriteLayerVisible());
-    QVERIFY(!map.gridVisible());
-    QCOMPARE(map.tileTransparencyIndex(), -1);
-    QCOMPARE(map.backgroundTileIndex(), -1);
     QCOMPARE(map.cellCount(), 30);
     map.setName("Level");
     map.setName("Cave");
@@ -89,24 +82,18 @@ void TestMap::placeAndRemoveBlock()
     QCOMPARE(map.objectMap()->cell({ 2, 3 }), TileData({ 0, false, false, false, 0, true }));
 }
 
-void TestMap::placingOverABlockReplacesIt()
+void TestMap::placingReplacesOverlappedBlocksAndMustFit()
 {
     Map map("m", QSize(6, 6));
     auto block = makeBlock();
     map.placeAnimation(block.get(), { 0, 0 });
-    map.placeAnimation(block.get(), { 1, 1 });
+    QVERIFY(map.placeAnimation(block.get(), { 1, 1 }));
     QCOMPARE(map.blocks()->count(), 1);
     QCOMPARE(map.rectAt({ 1, 1 }), QRect(1, 1, 2, 2));
     QVERIFY(map.rectAt({ 0, 0 }).isEmpty());
-}
-
-void TestMap::blockMustFitTheMap()
-{
-    Map map("m", QSize(3, 3));
-    auto block = makeBlock();
-    QVERIFY(!map.placeAnimation(block.get(), { 2, 2 }));
+    QVERIFY(!map.placeAnimation(block.get(), { 5, 5 }));
     QVERIFY(!map.placeAnimation(nullptr, { 0, 0 }));
-    QCOMPARE(map.blocks()->count(), 0);
+    QCOMPARE(map.blocks()->count(), 1);
 }
 
 void TestMap::resizeMovesAndDropsObjects()

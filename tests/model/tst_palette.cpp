@@ -15,15 +15,11 @@ private slots:
     void snapChannel();
     void encodeLayout_data();
     void encodeLayout();
-    void snapIsAlwaysOpaque();
-
-    void newPaletteIsBlankWithoutTransparency();
     void standardEntries_data();
     void standardEntries();
 
     void setColourEmitsChangedThenEdited();
-    void setColourWithUnchangedRawEmitsNothing();
-    void levelSixMovesToSevenOnReencode();
+    void setColourEmitsOnlyWhenTheEntryChanges();
     void restoreEntryEmitsOnlyChanged();
     void fillEmitsPerChangedEntry();
     void copyEntriesKeepsTransparency();
@@ -36,11 +32,12 @@ private slots:
 
     void fileSizeByName_data();
     void fileSizeByName();
-    void standardFileStartsWithKnownBytes();
     void importRefusesWrongSize_data();
     void importRefusesWrongSize();
     void roundTripThroughFile();
-    void exportBinaryUsesName();
+
+private:
+    QTemporaryDir mDir;
 };
 
 void TestPalette::decodeLevel_data()
@@ -58,11 +55,7 @@ void TestPalette::decodeLevel()
     QFETCH(int, channel);
     // The same level in every channel: red bits 15-13, green 12-10, blue 9-8 and 0.
     const ushort raw = ushort((level << 13) | (level << 10) | ((level >> 1) << 8) | (level & 1));
-    const QColor colour = Palette::decode(raw);
-    QCOMPARE(colour.red(), channel);
-    QCOMPARE(colour.green(), channel);
-    QCOMPARE(colour.blue(), channel);
-    QCOMPARE(colour.alpha(), 255);
+    QCOMPARE(Palette::decode(raw), QColor(channel, channel, channel));
 }
 
 void TestPalette::snapChannel_data()
@@ -74,18 +67,12 @@ void TestPalette::snapChannel_data()
     QTest::newRow("24 goes down to 16") << 24 << 16 << 0;
     QTest::newRow("25 goes up to 32") << 25 << 32 << 1;
     QTest::newRow("40 ties and goes down") << 40 << 32 << 1;
-    QTest::newRow("56 is the top of level 1") << 56 << 48 << 1;
-    QTest::newRow("57 starts level 2") << 57 << 64 << 2;
-    QTest::newRow("88 is the top of level 2") << 88 << 80 << 2;
-    QTest::newRow("89 starts level 3") << 89 << 96 << 3;
-    QTest::newRow("120 is the top of level 3") << 120 << 112 << 3;
-    QTest::newRow("121 starts level 4") << 121 << 128 << 4;
-    QTest::newRow("152 is the top of level 4") << 152 << 144 << 4;
-    QTest::newRow("153 starts level 5") << 153 << 160 << 5;
-    QTest::newRow("184 is the top of level 5") << 184 << 176 << 5;
-    QTest::newRow("185 starts level 6") << 185 << 192 << 6;
-    QTest::newRow("216 is the top of level 6") << 216 << 208 << 6;
-    QTest::newRow("217 starts level 7") << 217 << 224 << 7;
+    // The edges of levels 1 to 6: the top of level n and the start of n + 1.
+    for (int level = 1; level < 7; ++level) {
+        const int top = 24 + 32 * level;
+        QTest::addRow("%d is the top of level %d", top, level) << top << top - 8 << level;
+        QTest::addRow("%d starts level %d", top + 1, level + 1) << top + 1 << top + 8 << level + 1;
+    }
     QTest::newRow("219 from level 6 decodes to level 7") << 219 << 224 << 7;
     QTest::newRow("247 snaps to 240") << 247 << 240 << 7;
     QTest::newRow("248 snaps to 255") << 248 << 255 << 7;
@@ -97,11 +84,8 @@ void TestPalette::snapChannel()
     QFETCH(int, input);
     QFETCH(int, snapped);
     QFETCH(int, level);
-    const QColor colour = Palette::snapColour(QColor(input, input, input));
-    QCOMPARE(colour.red(), snapped);
-    QCOMPARE(colour.green(), snapped);
-    QCOMPARE(colour.blue(), snapped);
-
+    // A transparent input still snaps to an opaque colour.
+    QCOMPARE(Palette::snapColour(QColor(input, input, input, 0)), QColor(snapped, snapped, snapped));
     const ushort raw = Palette::encode(QColor(input, input, input), false);
     QCOMPARE((raw >> 13) & 7, level);
     QCOMPARE((raw >> 10) & 7, level);
@@ -128,22 +112,6 @@ void TestPalette::encodeLayout()
     QFETCH(bool, priority);
     QFETCH(int, raw);
     QCOMPARE(int(Palette::encode(colour, priority)), raw);
-}
-
-void TestPalette::snapIsAlwaysOpaque()
-{
-    QCOMPARE(Palette::snapColour(QColor(10, 20, 30, 0)).alpha(), 255);
-}
-
-void TestPalette::newPaletteIsBlankWithoutTransparency()
-{
-    Palette palette;
-    QCOMPARE(palette.name(), QStringLiteral("untitled"));
-    QCOMPARE(palette.transparencyIndex(), -1);
-    QVERIFY(!palette.id().isNull());
-    for (int i = 0; i < Palette::Size; ++i)
-        QCOMPARE(palette.entry(i), ushort(0));
-    QVERIFY(Palette().id() != palette.id());
 }
 
 void TestPalette::standardEntries_data()
@@ -183,36 +151,27 @@ void TestPalette::setColourEmitsChangedThenEdited()
 
     QCOMPARE(order, (QList<QString> { "changed", "edited" }));
     // The snapped colour travels, not what the entry will decode to.
-    QCOMPARE(changed.at(0).at(0).toInt(), 7);
-    QCOMPARE(changed.at(0).at(1).value<QColor>(), QColor(224, 96, 32));
-    QCOMPARE(changed.at(0).at(2).toBool(), true);
+    QCOMPARE(changed.at(0), (QVariantList { 7, QColor(224, 96, 32), true }));
     QCOMPARE(edited.at(0).at(1).value<ushort>(), ushort(0));
     QCOMPARE(edited.at(0).at(2).value<ushort>(), palette.entry(7));
     QCOMPARE(palette.colour(7), QColor(255, 110, 37));
 }
 
-void TestPalette::setColourWithUnchangedRawEmitsNothing()
+void TestPalette::setColourEmitsOnlyWhenTheEntryChanges()
 {
     Palette palette;
     palette.setColour(3, QColor(255, 0, 0), false);
-    QSignalSpy changed(&palette, &Palette::colourChanged);
-    QSignalSpy edited(&palette, &Palette::colourEdited);
-    palette.setColour(3, QColor(250, 10, 5), false); // snaps to the same levels
-    QCOMPARE(changed.count(), 0);
-    QCOMPARE(edited.count(), 0);
-    palette.setColour(3, QColor(255, 0, 0), true); // only the priority differs
-    QCOMPARE(edited.count(), 1);
-}
-
-void TestPalette::levelSixMovesToSevenOnReencode()
-{
-    Palette palette;
     palette.setEntry(5, ushort(6 << 10)); // green level 6
     QSignalSpy changed(&palette, &Palette::colourChanged);
     QSignalSpy edited(&palette, &Palette::colourEdited);
-    palette.setColour(5, palette.colour(5), palette.priority(5));
-    QCOMPARE(changed.count(), 1);
+    palette.setColour(3, QColor(250, 10, 5), false); // snaps to the same levels
+    QCOMPARE(changed.count() + edited.count(), 0);
+    palette.setColour(3, QColor(255, 0, 0), true); // only the priority differs
     QCOMPARE(edited.count(), 1);
+    // Level 6 decodes to a channel that encodes as level 7.
+    palette.setColour(5, palette.colour(5), palette.priority(5));
+    QCOMPARE(changed.count(), 2);
+    QCOMPARE(edited.count(), 2);
     QCOMPARE((palette.entry(5) >> 10) & 7, 7);
 }
 
@@ -226,8 +185,7 @@ void TestPalette::restoreEntryEmitsOnlyChanged()
     palette.restoreEntry(9, 0x1C80);
     QCOMPARE(changed.count(), 1);
     QCOMPARE(edited.count(), 0);
-    QCOMPARE(changed.at(0).at(1).value<QColor>(), QColor(0, 255, 0));
-    QCOMPARE(changed.at(0).at(2).toBool(), true);
+    QCOMPARE(changed.at(0), (QVariantList { 9, QColor(0, 255, 0), true }));
     QCOMPARE(palette.entry(9), ushort(0x1C80));
 }
 
@@ -267,6 +225,7 @@ void TestPalette::setNameEmitsOnlyOnChange()
     palette.setName("Level 1");
     QCOMPARE(named.count(), 1);
     QCOMPARE(named.at(0).at(0).toString(), QStringLiteral("Level 1"));
+    QVERIFY(!palette.id().isNull() && Palette().id() != palette.id());
 }
 
 void TestPalette::badIndicesDoNothing()
@@ -287,6 +246,7 @@ void TestPalette::badIndicesDoNothing()
 void TestPalette::transparencyAffectsColourNotRgbTable()
 {
     Palette palette;
+    QCOMPARE(palette.colour(0).alpha(), 255); // none is transparent until one is set
     palette.setTransparencyIndex(0);
     QCOMPARE(palette.colour(0).alpha(), 0);
     QCOMPARE(palette.colours().at(0).alpha(), 0);
@@ -333,38 +293,29 @@ void TestPalette::fileSizeByName_data()
     QTest::newRow(".npl") << "colours.npl" << 513;
     QTest::newRow("upper-case .NPL") << "A.NPL" << 513;
     QTest::newRow("no suffix") << "colours" << 512;
+    QTest::newRow("binary export, named after the palette") << "" << 512;
 }
 
 void TestPalette::fileSizeByName()
 {
     QFETCH(QString, name);
     QFETCH(int, size);
-    QTemporaryDir dir;
-    const QString path = dir.filePath(name);
     Palette palette;
     palette.loadStandard();
-    QVERIFY(palette.exportData(path));
+    palette.setName("hero");
+    const QString path = mDir.filePath(name.isEmpty() ? "hero_palette.bin" : name);
+    QVERIFY(name.isEmpty() ? palette.exportBinary(mDir.path()) : palette.exportData(path));
     QFile file(path);
     QVERIFY(file.open(QIODevice::ReadOnly));
     const QByteArray bytes = file.readAll();
     QCOMPARE(bytes.size(), size);
+    QCOMPARE(bytes.left(10), QByteArray::fromHex("00000101020103010400"));
     if (size == 513)
         QCOMPARE(bytes.at(512), '\0');
 
     Palette loaded;
     QVERIFY(loaded.importData(path));
     QCOMPARE(loaded.entry(255), ushort(0xFF01));
-}
-
-void TestPalette::standardFileStartsWithKnownBytes()
-{
-    QTemporaryDir dir;
-    Palette palette;
-    palette.loadStandard();
-    QVERIFY(palette.exportData(dir.filePath("std.pal")));
-    QFile file(dir.filePath("std.pal"));
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QCOMPARE(file.read(10), QByteArray::fromHex("00000101020103010400"));
 }
 
 void TestPalette::importRefusesWrongSize_data()
@@ -381,40 +332,29 @@ void TestPalette::importRefusesWrongSize()
 {
     QFETCH(QString, name);
     QFETCH(int, size);
-    QTemporaryDir dir;
-    QFile file(dir.filePath(name));
-    QVERIFY(file.open(QIODevice::WriteOnly));
+    QFile file(mDir.filePath(name));
+    QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
     file.write(QByteArray(size, char(0xFF)));
     file.close();
     Palette palette;
     QVERIFY(!palette.importData(file.fileName()));
     QCOMPARE(palette.entry(0), ushort(0));
-    QVERIFY(!palette.importData(dir.filePath("missing.pal")));
-    QVERIFY(!palette.exportData(dir.filePath("no/such/folder.pal")));
+    QVERIFY(!palette.importData(mDir.filePath("missing.pal")));
+    QVERIFY(!palette.exportData(mDir.filePath("no/such/folder.pal")));
 }
 
 void TestPalette::roundTripThroughFile()
 {
-    QTemporaryDir dir;
     Palette palette;
     for (int i = 0; i < Palette::Size; ++i)
         palette.setEntry(i, ushort((i * 0x9E37) & 0xFF81)); // bits 6-1 never set by setColour
-    QVERIFY(palette.exportData(dir.filePath("p.npl")));
+    QVERIFY(palette.exportData(mDir.filePath("p.npl")));
     Palette loaded;
     QSignalSpy changed(&loaded, &Palette::colourChanged);
-    QVERIFY(loaded.importData(dir.filePath("p.npl")));
+    QVERIFY(loaded.importData(mDir.filePath("p.npl")));
     QCOMPARE(changed.count(), 0);
     for (int i = 0; i < Palette::Size; ++i)
         QCOMPARE(loaded.entry(i), palette.entry(i));
-}
-
-void TestPalette::exportBinaryUsesName()
-{
-    QTemporaryDir dir;
-    Palette palette;
-    palette.setName("hero");
-    QVERIFY(palette.exportBinary(dir.path()));
-    QCOMPARE(QFileInfo(dir.filePath("hero_palette.bin")).size(), 512);
 }
 
 QTEST_GUILESS_MAIN(TestPalette)

@@ -19,17 +19,14 @@ private slots:
     void packedBytes_data();
     void packedBytes();
     void setCellGuards();
-    void cellOutsideIsBlank();
     void setCellRepaintsLikeAFullRender();
     void renderWithoutTileSetIsBlank();
-    void invisibleCellDrawsAsZero();
-    void previewTransparencyInEveryBank();
-    void previewScalesByCell();
+    void invisibleAndClearedCellsDrawAsZero();
+    void previewScalesByCellWithTransparencyInEveryBank();
     void shiftTiles_data();
     void shiftTiles();
     void followsTileSetDeleteAndInsert();
     void swapTilesEmitsOnlyOnChange();
-    void clearKeepsIndex();
     void resize_data();
     void resize();
     void rowsAndColumns();
@@ -120,13 +117,8 @@ void TestTileMap::setCellGuards()
     QVERIFY(!map.setCell({ 3, 0 }, tile(4)));
     QVERIFY(!map.setCell({ -1, 0 }, tile(4)));
     QCOMPARE(map.cell({ 2, 1 }), tile(4));
-}
-
-void TestTileMap::cellOutsideIsBlank()
-{
-    TileMap map(2, 2);
     map.setCells(map.rect(), 3, false, false, false, true);
-    QCOMPARE(map.cell({ 5, 5 }), TileData());
+    QCOMPARE(map.cell({ 5, 5 }), TileData()); // outside is blank
     QCOMPARE(map.cell({ -1, 0 }), TileData());
 }
 
@@ -161,7 +153,7 @@ void TestTileMap::renderWithoutTileSetIsBlank()
     QCOMPARE(image.pixelIndex(9, 9), 0);
 }
 
-void TestTileMap::invisibleCellDrawsAsZero()
+void TestTileMap::invisibleAndClearedCellsDrawAsZero()
 {
     TileMap map(2, 1);
     map.setTileSet(mTiles);
@@ -170,24 +162,25 @@ void TestTileMap::invisibleCellDrawsAsZero()
     const QImage image = map.renderRect(map.rect());
     QCOMPARE(image.pixelIndex(4, 4), 5 + 32); // the cell's bank in the high nibble
     QCOMPARE(image.pixelIndex(12, 4), 0);
+    QCOMPARE(map.scaledPreview(map.rect(), 8, -1).pixelIndex(4, 4), 5 + 32);
+
+    // Clearing hides every cell but keeps what it showed.
+    map.clear();
+    QCOMPARE(map.cell({ 0, 0 }), tile(5, false, 2));
+    QCOMPARE(map.scaledPreview(map.rect(), 8, -1).pixelIndex(4, 4), 0);
 }
 
-void TestTileMap::previewTransparencyInEveryBank()
-{
-    TileMap map(1, 1);
-    map.setTileSet(mTiles);
-    const QImage preview = map.scaledPreview(map.rect(), 8, 3);
-    for (int i : { 3, 19, 35, 243 })
-        QCOMPARE(qAlpha(preview.color(i)), 0);
-    for (int i : { 0, 4, 20, 255 })
-        QCOMPARE(qAlpha(preview.color(i)), 255);
-}
-
-void TestTileMap::previewScalesByCell()
+void TestTileMap::previewScalesByCellWithTransparencyInEveryBank()
 {
     TileMap map(4, 4);
     map.setTileSet(mTiles);
     map.setCell({ 1, 2 }, tile(6));
+    const QImage transparent = map.scaledPreview(map.rect(), 8, 3);
+    for (int i : { 3, 19, 35, 243 })
+        QCOMPARE(qAlpha(transparent.color(i)), 0);
+    for (int i : { 0, 4, 20, 255 })
+        QCOMPARE(qAlpha(transparent.color(i)), 255);
+
     const QImage preview = map.scaledPreview(QRect(1, 2, 2, 1), 32, -1);
     QCOMPARE(preview.size(), QSize(64, 32));
     QCOMPARE(preview.pixelIndex(0, 0), 15); // the marker, four pixels wide
@@ -250,18 +243,6 @@ void TestTileMap::swapTilesEmitsOnlyOnChange()
     map.swapTiles(1, 2);
     QCOMPARE(changed.count(), 1);
     QCOMPARE(indices(map), (QList<int> { 2, 1 }));
-}
-
-void TestTileMap::clearKeepsIndex()
-{
-    TileMap map(1, 1);
-    map.setTileSet(mTiles);
-    map.setCell({ 0, 0 }, tile(5, true, 1));
-    map.clear();
-    QCOMPARE(map.cell({ 0, 0 }).index, 5);
-    QCOMPARE(map.cell({ 0, 0 }).offset, 1);
-    QVERIFY(!map.cell({ 0, 0 }).visible);
-    QCOMPARE(map.scaledPreview(map.rect(), 8, -1).pixelIndex(4, 4), 0);
 }
 
 void TestTileMap::resize_data()

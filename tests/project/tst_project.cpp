@@ -15,39 +15,19 @@ class TestProject : public QObject
 {
     Q_OBJECT
 private slots:
-    void newProjectHoldsNothing();
     void tileSetWithoutPaletteMakesOne();
     void addingAnnouncesEachKind_data();
     void addingAnnouncesEachKind();
     void paletteFill_data();
     void paletteFill();
-    void clonesRepeatTheSuffix();
-    void cloneTileSetCopiesTiles();
-    void cloneMapCopiesCellsAndObjects();
+    void clonesCopyContentUnderASuffix();
     void paletteGuard_data();
     void paletteGuard();
     void tileSetGuard();
-    void blocksGuardGoesThroughTheTileSet();
-    void unguardedDeletesAndUnknownIds();
+    void blocksGuardAndUnguardedDeletes();
     void refusalTexts();
     void movingASpriteFollowsOnMaps();
 };
-
-void TestProject::newProjectHoldsNothing()
-{
-    Project project;
-    QCOMPARE(project.name(), QStringLiteral("untitled"));
-    QCOMPARE(project.screenSize(), QSize(320, 256));
-    QCOMPARE(project.playArea(), QRect(0, 0, 320, 256));
-    QVERIFY(project.palettes().isEmpty());
-    QVERIFY(project.tileSets().isEmpty());
-    QVERIFY(project.maps().isEmpty());
-    QCOMPARE(project.scratchImage().size(), QSize(256, 192));
-    QCOMPARE(project.scratchImage().format(), QImage::Format_Indexed8);
-    QVERIFY(project.scratchPalette().isNull());
-    QVERIFY(!project.palette(QUuid::createUuid()));
-    QVERIFY(!project.map(QUuid()));
-}
 
 void TestProject::tileSetWithoutPaletteMakesOne()
 {
@@ -128,44 +108,36 @@ void TestProject::paletteFill()
     QCOMPARE(int(palette->entry(255)), entry255);
 }
 
-void TestProject::clonesRepeatTheSuffix()
+void TestProject::clonesCopyContentUnderASuffix()
 {
     Project project;
     const auto palette = project.createPalette(CreateAction::Standard, "Sky");
-    const auto copy = project.clonePalette(palette->id());
-    const auto copyOfCopy = project.clonePalette(copy->id());
+    const auto copyOfCopy = project.clonePalette(project.clonePalette(palette->id())->id());
     QCOMPARE(copyOfCopy->name(), QStringLiteral("Sky (copy) (copy)"));
     QCOMPARE(copyOfCopy->entry(255), ushort(0xFF01));
-    QVERIFY(!project.clonePalette(QUuid::createUuid()));
-}
 
-void TestProject::cloneTileSetCopiesTiles()
-{
-    Project project;
     const auto tiles = project.createTileSet("T", QUuid(), 3);
     tiles->tile(2)->setAttributes(Tile::TA_LADDER);
-    const auto copy = project.cloneTileSet(tiles->id());
-    QCOMPARE(copy->name(), QStringLiteral("T (copy)"));
-    QCOMPARE(copy->count(), 3);
-    QCOMPARE(copy->paletteId(), tiles->paletteId());
-    QCOMPARE(copy->tile(2)->attributes(), int(Tile::TA_LADDER));
-    QVERIFY(copy->tile(2) != tiles->tile(2));
-}
+    const auto tilesCopy = project.cloneTileSet(tiles->id());
+    QCOMPARE(tilesCopy->name(), QStringLiteral("T (copy)"));
+    QCOMPARE(tilesCopy->count(), 3);
+    QCOMPARE(tilesCopy->paletteId(), tiles->paletteId());
+    QCOMPARE(tilesCopy->tile(2)->attributes(), int(Tile::TA_LADDER));
+    QVERIFY(tilesCopy->tile(2) != tiles->tile(2));
 
-void TestProject::cloneMapCopiesCellsAndObjects()
-{
-    Project project;
-    const auto tiles = project.createTileSet("T", QUuid(), 8);
     const auto map = project.createMap("M", tiles->id(), QSize(3, 2));
     map->setTile({ 2, 1 }, { 5, true, false, false, 1, true });
     map->addSprite(Map::PlacedSprite());
     map->setGridVisible(true);
-    const auto copy = project.cloneMap(map->id());
-    QCOMPARE(copy->name(), QStringLiteral("M (copy)"));
-    QCOMPARE(copy->tileSet(), tiles);
-    QVERIFY(copy->state() == map->state());
-    QVERIFY(copy->gridVisible());
-    QVERIFY(copy->tileMap() != map->tileMap());
+    const auto mapCopy = project.cloneMap(map->id());
+    QCOMPARE(mapCopy->name(), QStringLiteral("M (copy)"));
+    QCOMPARE(mapCopy->tileSet(), tiles);
+    QVERIFY(mapCopy->state() == map->state());
+    QVERIFY(mapCopy->gridVisible());
+    QVERIFY(mapCopy->tileMap() != map->tileMap());
+
+    const QUuid stranger = QUuid::createUuid();
+    QVERIFY(!project.clonePalette(stranger) && !project.cloneTileSet(stranger) && !project.cloneMap(stranger));
 }
 
 void TestProject::paletteGuard_data()
@@ -216,25 +188,22 @@ void TestProject::tileSetGuard()
     QVERIFY(project.tileSetNames().isEmpty());
 }
 
-void TestProject::blocksGuardGoesThroughTheTileSet()
+void TestProject::blocksGuardAndUnguardedDeletes()
 {
     Project project;
     const auto tiles = project.createTileSet("T", QUuid());
     const auto blocks = project.createBlockList("B", tiles->id());
     QCOMPARE(blocks->tileSet(), tiles);
     QVERIFY(blocks->animations().isEmpty());
-    project.createMap("M", tiles->id(), QSize(2, 2)); // nothing placed on it
+    project.createMap("M", tiles->id(), QSize(2, 2)); // the blocks are in use though none is placed
     QVERIFY(!project.deleteBlocks(blocks->id()));
     QVERIFY(blocks);
-}
 
-void TestProject::unguardedDeletesAndUnknownIds()
-{
-    Project project;
     const auto bank = project.createSpriteBank(Tintorel::Sprite::FourBit, "S", QUuid());
     QVERIFY(project.deleteSpriteBank(bank->id()));
     QVERIFY(!bank);
     const QUuid stranger = QUuid::createUuid();
+    QVERIFY(!project.palette(stranger) && !project.map(QUuid()));
     QVERIFY(project.deletePalette(stranger));
     QVERIFY(project.deleteTileSet(stranger));
     QVERIFY(project.deleteBlocks(stranger));

@@ -29,6 +29,25 @@ bool load(Project& project, const Entries& entries, QString& error)
     return readProjectJson(project, [&entries](const QString& name) { return entries.value(name); }, error);
 }
 
+// True when the entries load without a message.
+bool loads(Project& project, const Entries& entries)
+{
+    QString error;
+    return load(project, entries, error) && error.isEmpty();
+}
+
+// Hand-written documents name their assets with these, as %1, %2 and %3.
+const QUuid A = QUuid::fromString(u"{00000000-0000-0000-0000-00000000000a}");
+const QUuid B = QUuid::fromString(u"{00000000-0000-0000-0000-00000000000b}");
+const QUuid C = QUuid::fromString(u"{00000000-0000-0000-0000-00000000000c}");
+
+Entries withDocument(QString json, Entries entries = {})
+{
+    json.replace("%1", A.toString()).replace("%2", B.toString()).replace("%3", C.toString());
+    entries.insert(ProjectEntry::document(), json.toUtf8());
+    return entries;
+}
+
 QByteArray blankPng(int width, int height)
 {
     QImage image(width, height, QImage::Format_Indexed8);
@@ -50,11 +69,6 @@ QByteArray blob(qint32 height, qint32 width, int cells)
         stream << qint32(i) << qint8(1) << qint32(0) << qint8(0) << qint8(0) << qint8(0);
     stream << QUuid();
     return bytes;
-}
-
-Entries documentOnly(const QJsonObject& root)
-{
-    return { { ProjectEntry::document(), QJsonDocument(root).toJson() } };
 }
 
 QString id(const QUuid& uuid)
@@ -81,8 +95,7 @@ void buildProject(Project& project)
     picture.setPixel(1, 1, 5);
     tiles->setTileImage(3, picture);
 
-    const auto blocks = project.createBlockList("Props", tiles->id());
-    const auto door = blocks->createTileAnimation("Door");
+    const auto door = project.createBlockList("Props", tiles->id())->createTileAnimation("Door");
     door->setSize(QSize(2, 1));
     door->addFrame();
     door->addFrame();
@@ -128,9 +141,8 @@ private slots:
     void secondWriteGivesTheSameEntries_data();
     void secondWriteGivesTheSameEntries();
     void entriesAreNamedAndOrdered();
-    void formatVersion_data();
-    void formatVersion();
-    void garbledDocumentLoadsEmpty();
+    void document_data();
+    void document();
     void failures_data();
     void failures();
     void paletteColours_data();
@@ -161,9 +173,7 @@ void TestProjectSchema::initTestCase()
 void TestProjectSchema::roundTripKeepsIdsAndContent()
 {
     Project loaded;
-    QString error;
-    QVERIFY(load(loaded, mEntries, error));
-    QVERIFY(error.isEmpty());
+    QVERIFY(loads(loaded, mEntries));
     QCOMPARE(loaded.id(), mProject.id());
     const auto palette = loaded.palette(mProject.palettes().first()->id());
     const auto tiles = loaded.tileSet(mProject.tileSets().first()->id());
@@ -201,11 +211,9 @@ void TestProjectSchema::secondWriteGivesTheSameEntries()
 {
     QFETCH(bool, full);
     Project fresh;
-    const Project& original = full ? mProject : fresh;
-    const Entries first = collectEntries(original, true);
+    const Entries first = collectEntries(full ? mProject : fresh, true);
     Project loaded;
-    QString error;
-    QVERIFY(load(loaded, first, error));
+    QVERIFY(loads(loaded, first));
     Entries again = collectEntries(loaded, true);
     // Sprite animation frames are the one thing made anew on each load.
     if (full) {
@@ -237,39 +245,37 @@ void TestProjectSchema::entriesAreNamedAndOrdered()
     QCOMPARE(withTabs.value("formatVersion").toInt(), 2);
 }
 
-void TestProjectSchema::formatVersion_data()
+void TestProjectSchema::document_data()
 {
-    QTest::addColumn<QJsonValue>("version");
+    QTest::addColumn<QByteArray>("document");
     QTest::addColumn<QString>("error");
+    QTest::addColumn<QString>("name");
+    const auto old = [](const QJsonValue& version) {
+        QJsonObject root { { "name", "Old" }, { "palettes", QJsonArray { QJsonObject() } } };
+        if (!version.isUndefined())
+            root.insert("formatVersion", version);
+        return QJsonDocument(root).toJson();
+    };
     const QString newer = "Project file is from a newer version of Tintorel";
-    QTest::newRow("missing loads as 1") << QJsonValue(QJsonValue::Undefined) << QString();
-    QTest::newRow("2") << QJsonValue(2) << QString();
-    QTest::newRow("3 is refused") << QJsonValue(3) << newer;
-    QTest::newRow("past the range of int is refused") << QJsonValue(1e12) << newer;
+    QTest::newRow("no version loads as 1") << old(QJsonValue::Undefined) << QString() << "Old";
+    QTest::newRow("version 2") << old(2) << QString() << "Old";
+    QTest::newRow("version 3 is refused") << old(3) << newer << "untitled";
+    QTest::newRow("a version past the range of int is refused") << old(1e12) << newer << "untitled";
+    QTest::newRow("a garbled document loads empty") << QByteArray("{ \"palettes\": [ {") << QString() << "";
 }
 
-void TestProjectSchema::formatVersion()
+void TestProjectSchema::document()
 {
-    QFETCH(QJsonValue, version);
+    QFETCH(QByteArray, document);
     QFETCH(QString, error);
-    QJsonObject root { { "name", "Old" }, { "palettes", QJsonArray { QJsonObject() } } };
-    if (!version.isUndefined())
-        root.insert("formatVersion", version);
+    QFETCH(QString, name);
     Project project;
     QString message;
-    QCOMPARE(load(project, documentOnly(root), message), error.isEmpty());
+    QCOMPARE(load(project, { { ProjectEntry::document(), document } }, message), error.isEmpty());
     QCOMPARE(message, error);
-    QCOMPARE(project.palettes().size(), error.isEmpty() ? 1 : 0);
-    QCOMPARE(project.name(), error.isEmpty() ? QStringLiteral("Old") : QStringLiteral("untitled"));
-}
-
-void TestProjectSchema::garbledDocumentLoadsEmpty()
-{
-    Project project;
-    QString error;
-    QVERIFY(load(project, { { "project.json", "{ \"palettes\": [ {" } }, error));
-    QVERIFY(project.palettes().isEmpty());
-    QVERIFY(project.id().isNull());
+    QCOMPARE(project.name(), name);
+    QCOMPARE(project.palettes().size(), name == "Old" ? 1 : 0);
+    QCOMPARE(project.id().isNull(), error.isEmpty()); // a refused file leaves the project as made
     QCOMPARE(project.screenSize(), QSize(320, 256));
 }
 
@@ -280,14 +286,15 @@ void TestProjectSchema::failures_data()
     QTest::addColumn<QString>("error");
     const QString tileSet = ProjectEntry::tileSet(mProject.tileSets().first()->id());
     const QString tileMap = ProjectEntry::tileMap(mProject.maps().first()->id());
+    const QString noMap = "Failed to load tile map anim for map Level 1";
     QTest::newRow("no document") << "project.json" << QByteArray() << "Invalid project file";
-    const QString noPicture = QString("Failed to load tile set tileImage \"%1\" from project file").arg(tileSet);
-    QTest::newRow("no tile set picture") << tileSet << QByteArray() << noPicture;
+    QTest::newRow("no tile set picture")
+        << tileSet << QByteArray()
+        << QString("Failed to load tile set tileImage \"%1\" from project file").arg(tileSet);
     QTest::newRow("tile set picture of another size")
         << tileSet << blankPng(8, 8) << "Error setting tile set anim - Ground";
-    QTest::newRow("no tile map") << tileMap << QByteArray() << "Failed to load tile map anim for map Level 1";
-    QTest::newRow("tile map smaller than its size")
-        << tileMap << blob(3, 5, 14) << "Failed to load tile map anim for map Level 1";
+    QTest::newRow("no tile map") << tileMap << QByteArray() << noMap;
+    QTest::newRow("tile map smaller than its size") << tileMap << blob(3, 5, 14) << noMap;
     QTest::newRow("no sprite sheet") << ProjectEntry::spriteBank(mProject.spriteBanks().first()->id())
                                      << QByteArray() << "Project has a missing sprite anim";
     QTest::newRow("no image") << ProjectEntry::image(mProject.images().first()->id()) << QByteArray()
@@ -320,13 +327,11 @@ void TestProjectSchema::paletteColours_data()
 void TestProjectSchema::paletteColours()
 {
     QFETCH(int, count);
-    QJsonArray colours;
+    QStringList colours;
     for (int i = 0; i < count; ++i)
-        colours.append(i + 1);
-    const QJsonObject root { { "palettes", QJsonArray { QJsonObject { { "colours", colours } } } } };
+        colours << QString::number(i + 1);
     Project project;
-    QString error;
-    QVERIFY(load(project, documentOnly(root), error));
+    QVERIFY(loads(project, withDocument(R"({ "palettes": [ { "colours": [ )" + colours.join(',') + " ] } ] }")));
     const auto palette = project.palettes().first();
     QVERIFY(!palette->id().isNull());
     QCOMPARE(palette->transparencyIndex(), -1);
@@ -336,17 +341,11 @@ void TestProjectSchema::paletteColours()
 
 void TestProjectSchema::tilesOverrideOffsets()
 {
-    const QUuid set = QUuid::createUuid();
-    const QJsonObject tiles { { "id", id(set) },
-                              { "count", 4 },
-                              { "offsets", QJsonArray { 1, 2, 3, 4 } },
-                              { "tiles", QJsonArray { QJsonObject { { "offset", 9 }, { "value", 5 } } } } };
-    Entries entries = documentOnly({ { "tilesets", QJsonArray { tiles } } });
-    entries.insert(ProjectEntry::tileSet(set), blankPng(8, 32));
+    const QString json = R"({ "tilesets": [ { "id": "%1", "count": 4, "offsets": [ 1, 2, 3, 4 ],
+                                               "tiles": [ { "offset": 9, "value": 5 } ] } ] })";
     Project project;
-    QString error;
-    QVERIFY(load(project, entries, error));
-    const auto loaded = project.tileSet(set);
+    QVERIFY(loads(project, withDocument(json, { { ProjectEntry::tileSet(A), blankPng(8, 32) } })));
+    const auto loaded = project.tileSet(A);
     QCOMPARE(loaded->tileOffset(0), 9);
     QCOMPARE(loaded->tile(0)->value(), 5);
     QCOMPARE(loaded->tileOffset(3), 4);
@@ -356,42 +355,32 @@ void TestProjectSchema::tilesOverrideOffsets()
 
 void TestProjectSchema::unknownTileSetOnAMap()
 {
-    const QUuid map = QUuid::createUuid();
-    const QJsonObject object { { "id", id(map) }, { "tileset", id(QUuid::createUuid()) } };
-    Entries entries = documentOnly({ { "maps", QJsonArray { object } } });
-    entries.insert(ProjectEntry::tileMap(map), blob(1, 2, 2));
     Project project;
-    QString error;
-    QVERIFY(load(project, entries, error));
-    QVERIFY(error.isEmpty());
-    QVERIFY(!project.map(map)->tileSet());
-    QCOMPARE(project.map(map)->size(), QSize(2, 1));
-    QVERIFY(project.map(map)->gridVisible());
+    QVERIFY(loads(project, withDocument(R"({ "maps": [ { "id": "%1", "tileset": "%2" } ] })",
+                                        { { ProjectEntry::tileMap(A), blob(1, 2, 2) } })));
+    QVERIFY(!project.map(A)->tileSet());
+    QCOMPARE(project.map(A)->tileSetId(), B); // kept for the next save
+    QCOMPARE(project.map(A)->size(), QSize(2, 1));
+    QVERIFY(project.map(A)->gridVisible());
 }
 
 void TestProjectSchema::spriteBankOffsets_data()
 {
-    QTest::addColumn<QJsonValue>("offsets");
+    QTest::addColumn<QString>("offsets");
     QTest::addColumn<QByteArray>("expected");
-    QTest::newRow("no key keeps the constructed offsets") << QJsonValue(QJsonValue::Undefined) << QByteArray(2, '\0');
-    QTest::newRow("an empty array likewise") << QJsonValue(QJsonArray()) << QByteArray(2, '\0');
-    QTest::newRow("each cut to a byte") << QJsonValue(QJsonArray { -1, 258 }) << QByteArray("\xFF\x02", 2);
+    QTest::newRow("no key keeps the constructed offsets") << "" << QByteArray(2, '\0');
+    QTest::newRow("an empty array likewise") << R"(, "offsets": [])" << QByteArray(2, '\0');
+    QTest::newRow("each cut to a byte") << R"(, "offsets": [ -1, 258 ])" << QByteArray("\xFF\x02", 2);
 }
 
 void TestProjectSchema::spriteBankOffsets()
 {
-    QFETCH(QJsonValue, offsets);
+    QFETCH(QString, offsets);
     QFETCH(QByteArray, expected);
-    const QUuid bank = QUuid::createUuid();
-    QJsonObject object { { "id", id(bank) } };
-    if (!offsets.isUndefined())
-        object.insert("offsets", offsets);
-    Entries entries = documentOnly({ { "sprites", QJsonArray { object } } });
-    entries.insert(ProjectEntry::spriteBank(bank), blankPng(16, 32));
     Project project;
-    QString error;
-    QVERIFY(load(project, entries, error));
-    const auto loaded = project.spriteBank(bank);
+    QVERIFY(loads(project, withDocument(R"({ "sprites": [ { "id": "%1" )" + offsets + " } ] }",
+                                        { { ProjectEntry::spriteBank(A), blankPng(16, 32) } })));
+    const auto loaded = project.spriteBank(A);
     QCOMPARE(loaded->offsets(), expected);
     QCOMPARE(loaded->depth(), Tintorel::Sprite::EightBit);
     QCOMPARE(loaded->transparency(), -1);
@@ -399,28 +388,16 @@ void TestProjectSchema::spriteBankOffsets()
 
 void TestProjectSchema::twoMapsShowTheSameBlock()
 {
-    const QUuid block = QUuid::createUuid();
-    const QJsonObject placed { { "id", id(block) }, { "x", 1 }, { "width", 2 }, { "height", 1 } };
-    const QJsonArray cells { QJsonObject { { "index", 5 } }, QJsonObject { { "index", 6 }, { "flip", true } } };
-    const QJsonObject animation { { "id", id(block) },
-                                  { "width", 2 },
-                                  { "height", 1 },
-                                  { "frames", QJsonArray { QJsonObject { { "tileData", cells } } } } };
-    const QUuid first = QUuid::createUuid();
-    const QUuid second = QUuid::createUuid();
-    const QJsonObject root {
-        { "maps",
-          QJsonArray { QJsonObject { { "id", id(first) }, { "animations", QJsonArray { placed, QJsonObject() } } },
-                       QJsonObject { { "id", id(second) }, { "animations", QJsonArray { placed } } } } },
-        { "mapObjects", QJsonArray { QJsonObject { { "animations", QJsonArray { animation } } } } },
-    };
-    Entries entries = documentOnly(root);
-    entries.insert(ProjectEntry::tileMap(first), blob(1, 4, 4));
-    entries.insert(ProjectEntry::tileMap(second), blob(1, 4, 4));
+    // Block %3 at x = 1 on maps %1 and %2; the empty placement on %1 finds no block.
+    const QString json = R"({
+        "maps": [ { "id": "%1", "animations": [ { "id": "%3", "x": 1, "width": 2, "height": 1 }, {} ] },
+                  { "id": "%2", "animations": [ { "id": "%3", "x": 1, "width": 2, "height": 1 } ] } ],
+        "mapObjects": [ { "animations": [ { "id": "%3", "width": 2, "height": 1, "frames": [
+            { "tileData": [ { "index": 5 }, { "index": 6, "flip": true } ] } ] } ] } ] })";
     Project project;
-    QString error;
-    QVERIFY(load(project, entries, error));
-    for (const QUuid& map : { first, second }) {
+    QVERIFY(loads(project, withDocument(json, { { ProjectEntry::tileMap(A), blob(1, 4, 4) },
+                                                { ProjectEntry::tileMap(B), blob(1, 4, 4) } })));
+    for (const QUuid& map : { A, B }) {
         const auto objects = project.map(map)->objectMap();
         QCOMPARE(project.map(map)->blocks()->count(), 1);
         QCOMPARE(objects->cell(QPoint(0, 0)), TileMap::TileData());
@@ -432,45 +409,27 @@ void TestProjectSchema::twoMapsShowTheSameBlock()
 
 void TestProjectSchema::badValuesReadAsDefaults()
 {
-    const QUuid set = QUuid::createUuid();
-    const QUuid bank = QUuid::createUuid();
-    const QUuid map = QUuid::createUuid();
-    const int huge = 2147483647;
-    const QJsonArray oneFrame { QJsonObject() };
-    const QJsonArray spriteAnimations { QJsonObject { { "width", 70000 }, { "frames", oneFrame } },
-                                       QJsonObject { { "width", 60000 }, { "height", 60000 } } };
-    const QJsonArray blockAnimations { QJsonObject { { "width", 3 }, { "height", -5 }, { "frames", oneFrame } } };
-    const QJsonObject placed { { "x", huge }, { "width", huge } };
-    const QJsonObject root {
-        { "name", 7 },
-        { "play_area", QJsonObject { { "x", huge }, { "width", huge } } },
-        { "tilesets", QJsonArray { QJsonObject { { "id", id(set) }, { "count", 70000 }, { "hires", "yes" } } } },
-        { "sprites",
-          QJsonArray { QJsonObject {
-              { "id", id(bank) }, { "depth", 5 }, { "offsets", "none" }, { "animations", spriteAnimations } } } },
-        { "mapObjects", QJsonArray { QJsonObject { { "animations", blockAnimations } } } },
-        { "maps",
-          QJsonArray { QJsonObject {
-              { "id", id(map) }, { "grid_visible", "no" }, { "animations", QJsonArray { placed } } } } },
-    };
-    Entries entries = documentOnly(root);
-    entries.insert(ProjectEntry::tileSet(set), blankPng(8, 8 * 512));
-    entries.insert(ProjectEntry::spriteBank(bank), blankPng(16, 16));
-    entries.insert(ProjectEntry::tileMap(map), blob(2, 2, 4));
+    const QString json = R"({ "name": 7, "play_area": { "x": 2147483647, "width": 2147483647 },
+        "tilesets": [ { "id": "%1", "count": 70000, "hires": "yes" } ],
+        "sprites": [ { "id": "%2", "depth": 5, "offsets": "none", "animations": [
+            { "width": 70000, "frames": [ {} ] }, { "width": 60000, "height": 60000 } ] } ],
+        "mapObjects": [ { "animations": [ { "width": 3, "height": -5, "frames": [ {} ] } ] } ],
+        "maps": [ { "id": "%3", "grid_visible": "no", "animations": [ { "x": 2147483647, "width": 2147483647 } ] } ] })";
     Project project;
-    QString error;
-    QVERIFY(load(project, entries, error));
+    QVERIFY(loads(project, withDocument(json, { { ProjectEntry::tileSet(A), blankPng(8, 8 * 512) },
+                                                { ProjectEntry::spriteBank(B), blankPng(16, 16) },
+                                                { ProjectEntry::tileMap(C), blob(2, 2, 4) } })));
     QCOMPARE(project.name(), QString());
     QCOMPARE(project.playArea(), QRect(0, 0, 320, 256));
-    QCOMPARE(project.tileSet(set)->count(), 512);
-    QVERIFY(!project.tileSet(set)->hiRes());
-    QCOMPARE(project.spriteBank(bank)->depth(), Tintorel::Sprite::EightBit);
-    QCOMPARE(project.spriteBank(bank)->animations().size(), 2);
-    for (const auto& animation : project.spriteBank(bank)->animations())
+    QCOMPARE(project.tileSet(A)->count(), 512);
+    QVERIFY(!project.tileSet(A)->hiRes());
+    QCOMPARE(project.spriteBank(B)->depth(), Tintorel::Sprite::EightBit);
+    QCOMPARE(project.spriteBank(B)->animations().size(), 2);
+    for (const auto& animation : project.spriteBank(B)->animations())
         QCOMPARE(animation->size(), QSize(1, 1));
     QCOMPARE(project.blockLists().first()->animations().values().first()->size(), QSize(3, 0));
-    QVERIFY(project.map(map)->gridVisible());
-    QCOMPARE(project.map(map)->blocks()->list().first()->rect(), QRect(0, 0, 0, 0));
+    QVERIFY(project.map(C)->gridVisible());
+    QCOMPARE(project.map(C)->blocks()->list().first()->rect(), QRect(0, 0, 0, 0));
 }
 
 void TestProjectSchema::tileMapBlobSize_data()

@@ -17,8 +17,7 @@ private slots:
     void init();
     void createReplacesTheOpenProject();
     void saveAndLoadKeepIds();
-    void backupsKeepOneGeneration();
-    void saveAsNeverBacksUp();
+    void backupsKeepOneGenerationOnSaveOnly();
     void saveAsToAnUnwritablePathClearsThePath();
     void loadRefuses_data();
     void loadRefuses();
@@ -90,7 +89,8 @@ void TestProjectStore::saveAndLoadKeepIds()
     QCOMPARE(again.fingerprint(), reader.fingerprint());
 }
 
-void TestProjectStore::backupsKeepOneGeneration()
+// Save keeps the file it replaces as one backup; Save As never makes one.
+void TestProjectStore::backupsKeepOneGenerationOnSaveOnly()
 {
     ProjectStore store;
     store.create("first", false);
@@ -106,19 +106,13 @@ void TestProjectStore::backupsKeepOneGeneration()
     QVERIFY(store.save(true));
     QCOMPARE(fileBytes("p.tintorel.bak"), secondSave);
     QCOMPARE(QDir(mDir->path()).entryList(QDir::Files).size(), 2);
-}
 
-void TestProjectStore::saveAsNeverBacksUp()
-{
-    ProjectStore store;
-    store.create("p", false);
-    QVERIFY(store.saveAs(path("old.tintorel")));
-    const QByteArray old = fileBytes("old.tintorel");
+    const QByteArray thirdSave = fileBytes("p.tintorel");
     store.project()->setName("renamed");
     QVERIFY(store.saveAs(path("new.tintorel")));
     QVERIFY(store.saveAs(path("new.tintorel")));
     QVERIFY(!QFile::exists(path("new.tintorel.bak")));
-    QCOMPARE(fileBytes("old.tintorel"), old);
+    QCOMPARE(fileBytes("p.tintorel"), thirdSave);
 }
 
 void TestProjectStore::saveAsToAnUnwritablePathClearsThePath()

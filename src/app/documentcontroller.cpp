@@ -1,0 +1,188 @@
+#include "app/documentcontroller.h"
+
+#include "app/documenttabview.h"
+#include "app/projectcontroller.h"
+#include "history/editrecorder.h"
+#include "model/image.h"
+#include "model/map.h"
+#include "model/mapobjects.h"
+#include "model/palette.h"
+#include "model/spritebank.h"
+#include "model/tileset.h"
+#include "project/project.h"
+
+#include <QUndoStack>
+
+DocumentController::DocumentController(const DocumentViews& views, ProjectController* projects, QObject* parent)
+    : QObject(parent)
+    , mViews(views)
+{
+    connect(projects, &ProjectController::projectOpened, this, &DocumentController::projectOpened);
+    connect(projects, &ProjectController::projectClosed, this, &DocumentController::projectClosed);
+    connect(projects, &ProjectController::aboutToSave, this, &DocumentController::collectOpenDocuments);
+    projects->_isClean = [this] { return isClean(); };
+    projects->_markClean = [this] { markClean(); };
+    if (DocumentTabView* tabs = mViews.tabView) {
+        connect(tabs, &DocumentTabView::MapEditorActivated, this, &DocumentController::setActiveMap);
+        connect(tabs, &DocumentTabView::SpriteEditorActivated, this, &DocumentController::setActiveSpriteEditor);
+        connect(tabs, &DocumentTabView::BlockEditorActivated, this, &DocumentController::setActiveBlockEditor);
+        connect(tabs, &DocumentTabView::ImageEditorActivated, this, &DocumentController::setActiveImageEditor);
+        connect(tabs, &DocumentTabView::ScratchEditorActivated, this, &DocumentController::scratchEditorActivated);
+    }
+}
+
+DocumentController::~DocumentController() = default;
+
+QUndoStack* DocumentController::stack(const QUuid& id)
+{
+    QUndoStack*& stack = mStacks[id];
+    if (!stack) {
+        stack = new QUndoStack(this);
+        mGroup.addStack(stack);
+    }
+    return stack;
+}
+
+void DocumentController::dropStack(const QUuid& id)
+{
+    delete mStacks.take(id);
+}
+
+bool DocumentController::isClean() const
+{
+    for (const QUndoStack* stack : mStacks)
+        if (!stack->isClean())
+            return false;
+    return true;
+}
+
+void DocumentController::markClean()
+{
+    for (QUndoStack* stack : std::as_const(mStacks))
+        stack->setClean();
+}
+
+void DocumentController::collectOpenDocuments()
+{
+    if (mProject && mViews.tabView)
+        mProject->setOpenDocuments(mViews.tabView->documentIds());
+}
+
+void DocumentController::trackAll(Project& project)
+{
+    for (const auto& palette : project.palettes())
+        mRecorder->trackPalette(palette);
+    for (const auto& tiles : project.tileSets())
+        mRecorder->trackTileSet(tiles);
+    for (const auto& bank : project.spriteBanks())
+        mRecorder->trackSprites(bank);
+    for (const auto& map : project.maps())
+        mRecorder->trackMap(map);
+    for (const auto& blocks : project.blockLists())
+        mRecorder->trackBlocks(blocks);
+    // Assets made later are watched from their first edit on.
+    connect(&project, &Project::paletteCreated, mRecorder.get(), [this](QPointer<Palette> p) {
+        mRecorder->trackPalette(p);
+    });
+    connect(&project, &Project::tilesetCreated, mRecorder.get(), [this](QPointer<TileSet> t) {
+        mRecorder->trackTileSet(t);
+    });
+    connect(&project, &Project::spritesCreated, mRecorder.get(), [this](QPointer<SpriteBank> s) {
+        mRecorder->trackSprites(s);
+    });
+    connect(&project, &Project::mapCreated, mRecorder.get(), [this](QPointer<Map> m) { mRecorder->trackMap(m); });
+    connect(&project, &Project::blocksCreated, mRecorder.get(), [this](QPointer<MapObjects> b) {
+        mRecorder->trackBlocks(b);
+    });
+}
+
+void DocumentController::projectOpened(Project* project)
+{
+    mProject = project;
+    mRecorder = std::make_unique<EditRecorder>([this](const QUuid& id) { return stack(id); });
+    trackAll(*project);
+    stack(QUuid()); // the scratch image's
+    const QStringList documents = project->openDocuments();
+    for (const QString& text : documents) {
+        const QUuid id = QUuid::fromString(text);
+        if (project->map(id))
+            setActiveMap(id);
+        else if (project->blocks(id))
+            setActiveBlockEditor(id);
+        else if (project->spriteBank(id))
+            setActiveSpriteEditor(id);
+    }
+}
+
+void DocumentController::projectClosed()
+{
+    if (mViews.tabView)
+        mViews.tabView->clearDocuments();
+    mRecorder.reset();
+    for (QUndoStack* stack : std::as_const(mStacks))
+        delete stack;
+    mStacks.clear();
+    mProject = nullptr;
+    mActivePalette = QUuid();
+    mActiveTileSet = QUuid();
+}
+
+void DocumentController::activate(int type, const QUuid& id, const QString& name)
+{
+    if (mViews.tabView)
+        mViews.tabView->openDocument(DocumentTabView::DocumentType(type), id, name);
+    mGroup.setActiveStack(stack(id));
+}
+
+void DocumentController::setActivePalette(const QUuid& paletteId)
+{
+    if (!mProject || !mProject->palette(paletteId))
+        return;
+    mActivePalette = paletteId;
+    emit activePaletteChanged(paletteId);
+}
+
+void DocumentController::setActiveTileSet(const QUuid& tileSetId)
+{
+    if (!mProject || !mProject->tileSet(tileSetId))
+        return;
+    mActiveTileSet = tileSetId;
+    mGroup.setActiveStack(stack(tileSetId));
+    emit activeTileSetChanged(tileSetId);
+}
+
+void DocumentController::setActiveMap(const QUuid& mapId)
+{
+    if (const QPointer<Map> map = mProject ? mProject->map(mapId) : nullptr) {
+        activate(DocumentTabView::MapDocument, mapId, map->name());
+        emit activeMapChanged(mapId);
+    }
+}
+
+void DocumentController::setActiveSpriteEditor(const QUuid& spriteBankId)
+{
+    if (const QPointer<SpriteBank> bank = mProject ? mProject->spriteBank(spriteBankId) : nullptr) {
+        activate(DocumentTabView::SpriteDocument, spriteBankId, bank->name());
+        emit activeSpritesChanged(spriteBankId);
+    }
+}
+
+void DocumentController::setActiveBlockEditor(const QUuid& blocksId)
+{
+    if (const QPointer<MapObjects> blocks = mProject ? mProject->blocks(blocksId) : nullptr)
+        activate(DocumentTabView::BlockDocument, blocksId, blocks->name());
+}
+
+void DocumentController::setActiveImageEditor(const QUuid& imageId)
+{
+    const QPointer<Image> image = mProject ? mProject->image(imageId) : nullptr;
+    if (!image)
+        return;
+    activate(DocumentTabView::ImageDocument, imageId, image->name());
+    setActivePalette(image->paletteId());
+}
+
+void DocumentController::scratchEditorActivated()
+{
+    mGroup.setActiveStack(stack(QUuid()));
+}

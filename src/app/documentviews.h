@@ -1,0 +1,29 @@
+#pragma once
+
+class BlockSelectorWindow;
+class DocumentTabView;
+class MapSpritesWindow;
+class MenuBar;
+class PaletteWindow;
+class ProjectWindow;
+class SpriteWindow;
+class TilePickerTool;
+class TileWindow;
+class QToolBar;
+class QWidget;
+
+// The views that the document controller drives, as the window made them.
+struct DocumentViews
+{
+    DocumentTabView* tabView = nullptr;
+    ProjectWindow* projectWindow = nullptr;
+    PaletteWindow* paletteWindow = nullptr;
+    TileWindow* tileWindow = nullptr;
+    SpriteWindow* spriteWindow = nullptr;
+    TilePickerTool* tilePicker = nullptr;
+    BlockSelectorWindow* blockSelector = nullptr;
+    MapSpritesWindow* mapSprites = nullptr;
+    QToolBar* mapToolBar = nullptr;
+    MenuBar* menuBar = nullptr;
+    QWidget* preferencesDialog = nullptr;
+};
