@@ -46,7 +46,7 @@ QPixmap ThemedIconEngine::pixmap(const QSize& size, QIcon::Mode mode, QIcon::Sta
 
 QPixmap ThemedIconEngine::scaledPixmap(const QSize& size, QIcon::Mode mode, QIcon::State, qreal scale)
 {
-    return pixmap(size, mode, QIcon::Off, scale);
+    return cachedPixmap(size, mode, scale);
 }
 
 QPixmap ThemedIconEngine::pixmap(const QSize& size, QIcon::Mode mode, QIcon::State, qreal scale)

@@ -21,7 +21,6 @@ public:
 
     QString key() const override;
     QIconEngine* clone() const override;
-    QString iconName() override { return mPath; }
     bool isNull() override;
 
     static QColor colourFor(QIcon::Mode mode);

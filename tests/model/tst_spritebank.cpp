@@ -15,12 +15,10 @@ private slots:
     void renderTransparency_data();
     void renderTransparency();
     void renderOutOfRangeIsNullAndSilent();
-    void deleteLastSpriteBlanksWithoutSignal();
     void deleteSpriteShiftsSpritesOffsetsAndCells();
     void moveSpriteSignalOrder_data();
     void moveSpriteSignalOrder();
-    void importCutsWholePieces();
-    void importFailures();
+    void importCutsWholePiecesOrFails();
     void paletteConnectionMoves();
     void restoreGivesBackTheState();
     void sharedAnimationOutlivesBank();
@@ -113,18 +111,6 @@ void TestSpriteBank::renderOutOfRangeIsNullAndSilent()
     QCOMPARE(messages, 0);
 }
 
-void TestSpriteBank::deleteLastSpriteBlanksWithoutSignal()
-{
-    SpriteBank bank(Sprite::EightBit);
-    number(bank, 1);
-    QSignalSpy deleted(&bank, &SpriteBank::spriteDeleted);
-    QSignalSpy count(&bank, &SpriteBank::countChanged);
-    bank.deleteSprite(0);
-    bank.deleteSprite(1);
-    QCOMPARE(firstPixels(bank), QList<int> { 0 });
-    QCOMPARE(deleted.count() + count.count(), 0);
-}
-
 void TestSpriteBank::deleteSpriteShiftsSpritesOffsetsAndCells()
 {
     SpriteBank bank(Sprite::EightBit);
@@ -147,6 +133,16 @@ void TestSpriteBank::deleteSpriteShiftsSpritesOffsetsAndCells()
     const AnimationFrame::Cells cells = animation->frame(0)->cells();
     QCOMPARE(cells.first().at(1).index, 0);
     QCOMPARE(cells.first().at(2).index, 2);
+
+    // The last sprite is blanked, not removed, and silently.
+    SpriteBank single(Sprite::EightBit);
+    number(single, 1);
+    QSignalSpy deleted(&single, &SpriteBank::spriteDeleted);
+    QSignalSpy count(&single, &SpriteBank::countChanged);
+    single.deleteSprite(0);
+    single.deleteSprite(1);
+    QCOMPARE(firstPixels(single), QList<int> { 0 });
+    QCOMPARE(deleted.count() + count.count(), 0);
 }
 
 void TestSpriteBank::moveSpriteSignalOrder_data()
@@ -187,7 +183,7 @@ void TestSpriteBank::moveSpriteSignalOrder()
     QCOMPARE(offsetList(bank), sprites);
 }
 
-void TestSpriteBank::importCutsWholePieces()
+void TestSpriteBank::importCutsWholePiecesOrFails()
 {
     Palette palette;
     palette.loadStandard();
@@ -200,6 +196,12 @@ void TestSpriteBank::importCutsWholePieces()
     QVERIFY(picture.save(file));
 
     SpriteBank bank(Sprite::EightBit);
+    QTest::ignoreMessage(QtInfoMsg, "Failed to load image");
+    QCOMPARE(bank.importImage(dir.filePath("missing.png")), -1);
+    QTest::ignoreMessage(QtInfoMsg, "Could not remap colours");
+    QCOMPARE(bank.importImage(file), -1); // no palette to map onto yet
+    QCOMPARE(bank.spriteCount(), 1);
+
     bank.setPalette(&palette);
     QSignalSpy count(&bank, &SpriteBank::countChanged);
     QCOMPARE(bank.importImage(file), 3); // appended to the bank's first sprite
@@ -207,22 +209,6 @@ void TestSpriteBank::importCutsWholePieces()
     QCOMPARE(offsetList(bank).size(), 3);
     QCOMPARE(bank.sprite(1).pixelIndex(0, 0), 0);
     QCOMPARE(bank.sprite(2).pixelIndex(0, 0), 0xE0);
-}
-
-void TestSpriteBank::importFailures()
-{
-    QTemporaryDir dir;
-    const QString file = dir.filePath("one.png");
-    QImage picture(16, 16, QImage::Format_RGB32);
-    picture.fill(Qt::red);
-    QVERIFY(picture.save(file));
-    SpriteBank bank(Sprite::EightBit);
-
-    QTest::ignoreMessage(QtInfoMsg, "Failed to load image");
-    QCOMPARE(bank.importImage(dir.filePath("missing.png")), -1);
-    QTest::ignoreMessage(QtInfoMsg, "Could not remap colours");
-    QCOMPARE(bank.importImage(file), -1); // no palette to map onto
-    QCOMPARE(bank.spriteCount(), 1);
 }
 
 void TestSpriteBank::paletteConnectionMoves()

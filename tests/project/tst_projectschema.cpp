@@ -53,11 +53,10 @@ QByteArray blankPng(int width, int height)
     QImage image(width, height, QImage::Format_Indexed8);
     image.setColorCount(256);
     image.fill(0);
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
+    QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
     image.save(&buffer, "png");
-    return bytes;
+    return buffer.data();
 }
 
 QByteArray blob(qint32 height, qint32 width, int cells)
@@ -69,11 +68,6 @@ QByteArray blob(qint32 height, qint32 width, int cells)
         stream << qint32(i) << qint8(1) << qint32(0) << qint8(0) << qint8(0) << qint8(0);
     stream << QUuid();
     return bytes;
-}
-
-QString id(const QUuid& uuid)
-{
-    return uuid.toString();
 }
 
 // A project with one of every asset, each with something to lose.
@@ -127,7 +121,7 @@ void buildProject(Project& project)
     scratch.setColorTable(palette->rgbTable());
     scratch.setPixel(0, 0, 4);
     project.setScratchImage(scratch);
-    project.setOpenDocuments({ id(map->id()) });
+    project.setOpenDocuments({ map->id().toString() });
 }
 
 } // namespace
@@ -220,7 +214,7 @@ void TestProjectSchema::secondWriteGivesTheSameEntries()
         const QUuid walk = mProject.spriteBanks().first()->animations().keys().first();
         const QUuid before = mProject.spriteBanks().first()->animation(walk)->frame(0)->id();
         const QUuid after = loaded.spriteBanks().first()->animation(walk)->frame(0)->id();
-        again[ProjectEntry::document()].replace(id(after).toLatin1(), id(before).toLatin1());
+        again[ProjectEntry::document()].replace(after.toString().toLatin1(), before.toString().toLatin1());
     }
     QCOMPARE(again.keys(), first.keys());
     for (auto it = first.cbegin(); it != first.cend(); ++it)
@@ -230,12 +224,12 @@ void TestProjectSchema::secondWriteGivesTheSameEntries()
 void TestProjectSchema::entriesAreNamedAndOrdered()
 {
     const QStringList expected {
-        "images/" + id(mProject.images().first()->id()) + ".png",
+        "images/" + mProject.images().first()->id().toString() + ".png",
         "project.json",
         "scratch.png",
-        "sprite/" + id(mProject.spriteBanks().first()->id()) + ".png",
-        "tilemap/" + id(mProject.maps().first()->id()),
-        "tileset/" + id(mProject.tileSets().first()->id()) + ".png",
+        "sprite/" + mProject.spriteBanks().first()->id().toString() + ".png",
+        "tilemap/" + mProject.maps().first()->id().toString(),
+        "tileset/" + mProject.tileSets().first()->id().toString() + ".png",
     };
     QCOMPARE(mEntries.keys(), expected);
     const auto withTabs = QJsonDocument::fromJson(writeProjectJson(mProject, true)).object();
