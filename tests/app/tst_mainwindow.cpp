@@ -14,8 +14,7 @@ private slots:
     void docks_data();
     void docks();
     void windowMenuListsDockTogglesInOrder();
-    void defaultLayout();
-    void resetLayoutRestoresAfterChanges();
+    void resetLayoutRestoresTheDefaultAfterChanges();
     void statusBarFollowsViewMenu();
 };
 
@@ -111,15 +110,10 @@ void TestMainWindow::windowMenuListsDockTogglesInOrder()
         QCOMPARE(actions.at(i), docks.at(i)->toggleViewAction());
 }
 
-void TestMainWindow::defaultLayout()
+void TestMainWindow::resetLayoutRestoresTheDefaultAfterChanges()
 {
     MainWindow window;
     verifyDefaultLayout(window);
-}
-
-void TestMainWindow::resetLayoutRestoresAfterChanges()
-{
-    MainWindow window;
     const LayoutController::Docks& d = window.layoutController()->docks();
     d.project->setFloating(true);
     d.tile->close();

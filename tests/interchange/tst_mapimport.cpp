@@ -15,9 +15,8 @@ private slots:
     void nextTiles_data();
     void nextTiles();
     void pictureBecomesPaletteTilesAndMap();
-    void tileLimit_data();
-    void tileLimit();
-    void unreadablePicture();
+    void tileLimitAndUnreadablePicture_data();
+    void tileLimitAndUnreadablePicture();
 
 private:
     QTemporaryDir mDir;
@@ -120,36 +119,31 @@ void TestMapImport::pictureBecomesPaletteTilesAndMap()
     QCOMPARE(map->tileSet()->palette()->colour(1), QColor(0, 255, 0));
 }
 
-void TestMapImport::tileLimit_data()
+void TestMapImport::tileLimitAndUnreadablePicture_data()
 {
-    QTest::addColumn<int>("tiles");
+    QTest::addColumn<int>("tiles"); // 0: not a picture at all
     QTest::addColumn<int>("columns"); // no padding cells, which would be a tile of their own
     QTest::addColumn<QString>("message");
-    QTest::newRow("512 fit") << 512 << 32 << "";
+    QTest::newRow("512 tiles fit") << 512 << 32 << "";
     QTest::newRow("513 do not") << 513 << 27
                                 << "Cannot import the image as it would need more than 512 tiles\n513 required";
+    QTest::newRow("unreadable picture") << 0 << 1 << "Could not read the image file";
 }
 
-void TestMapImport::tileLimit()
+void TestMapImport::tileLimitAndUnreadablePicture()
 {
     QFETCH(int, tiles);
     QFETCH(int, columns);
     QFETCH(QString, message);
     const QString path = mDir.filePath(QString("many%1.png").arg(tiles));
-    QVERIFY(distinctTiles(tiles, columns).save(path));
+    if (tiles == 0)
+        writeFile(path, "not a picture");
+    else
+        QVERIFY(distinctTiles(tiles, columns).save(path));
     Project project;
     QCOMPARE(importMap(project, path), message);
     QCOMPARE(project.maps().size(), message.isEmpty() ? 1 : 0);
     QCOMPARE(project.palettes().size(), message.isEmpty() ? 1 : 0);
-}
-
-void TestMapImport::unreadablePicture()
-{
-    const QString path = mDir.filePath("broken.png");
-    writeFile(path, "not a picture");
-    Project project;
-    QCOMPARE(importMap(project, path), QStringLiteral("Could not read the image file"));
-    QVERIFY(project.palettes().isEmpty());
 }
 
 QTEST_GUILESS_MAIN(TestMapImport)

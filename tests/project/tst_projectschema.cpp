@@ -408,7 +408,8 @@ void TestProjectSchema::badValuesReadAsDefaults()
         "sprites": [ { "id": "%2", "depth": 5, "offsets": "none", "animations": [
             { "width": 70000, "frames": [ {} ] }, { "width": 60000, "height": 60000 } ] } ],
         "mapObjects": [ { "animations": [ { "width": 3, "height": -5, "frames": [ {} ] } ] } ],
-        "maps": [ { "id": "%3", "grid_visible": "no", "animations": [ { "x": 2147483647, "width": 2147483647 } ] } ] })";
+        "maps": [ { "id": "%3", "grid_visible": "no",
+                    "animations": [ { "x": 2147483647, "width": 2147483647 } ] } ] })";
     Project project;
     QVERIFY(loads(project, withDocument(json, { { ProjectEntry::tileSet(A), blankPng(8, 8 * 512) },
                                                 { ProjectEntry::spriteBank(B), blankPng(16, 16) },
