@@ -2,6 +2,7 @@
 #include "app/mainwindow.h"
 #include "app/mapmenu.h"
 #include "app/palettemenu.h"
+#include "model/map.h"
 #include "model/palette.h"
 #include "model/tileset.h"
 #include "project/project.h"
@@ -24,6 +25,7 @@ private slots:
     void createSaveCloseReopen();
     void refusedDeleteKeepsTheRow();
     void failedImportIsReported();
+    void treeOpensAndRenames();
 
 private:
     QStringList treeRows(MainWindow& window) const;
@@ -171,6 +173,26 @@ void TestShell::failedImportIsReported()
     QCOMPARE(box->text(), QStringLiteral("Import Incomplete"));
     QCOMPARE(box->informativeText(), QStringLiteral("Could not read the image file"));
     QVERIFY(window.projectController()->project()->maps().isEmpty());
+}
+
+void TestShell::treeOpensAndRenames()
+{
+    MainWindow window;
+    window.menus()->fileMenu()->newAccepted("Game");
+    const QPointer<Project> project = window.projectController()->project();
+    const QUuid zebra = project->createMap("Zebra", QUuid(), QSize(2, 2))->id();
+    project->createMap("Moon", QUuid(), QSize(2, 2));
+    ProjectTree* tree = window.projectWindow()->tree();
+    QSignalSpy opened(window.projectWindow(), &ProjectWindow::selectedMapChanged);
+    tree->doubleClickFilter(tree->group(ProjectTree::Map), 0);
+    QCOMPARE(opened.count(), 0); // a group row opens nothing
+    tree->doubleClickFilter(tree->findAsset(ProjectTree::Map, zebra), 0);
+    QCOMPARE(opened.count(), 1);
+    QCOMPARE(opened.at(0).at(0).toUuid(), zebra);
+
+    tree->findAsset(ProjectTree::Map, zebra)->setText(0, "Alpha");
+    QCOMPARE(project->map(zebra)->name(), QStringLiteral("Alpha"));
+    QCOMPARE(tree->group(ProjectTree::Map)->child(0)->text(0), QStringLiteral("Alpha"));
 }
 
 QTEST_MAIN(TestShell)
