@@ -87,14 +87,10 @@ CliCommand::Status ExportCommand::run(const QStringList& arguments, QTextStream&
     const Project& project = *store.project();
     QList<QPointer<Map>> maps = project.maps();
     if (parser.isSet("map")) {
-        const QString wanted = parser.value("map");
-        maps.erase(std::remove_if(maps.begin(), maps.end(),
-                                  [&wanted](const QPointer<Map>& map) { return !map || map->name() != wanted; }),
-                   maps.end());
-        if (maps.isEmpty()) {
-            err << QObject::tr("No map named %1").arg(wanted) << Qt::endl;
+        const QPointer<Map> map = findMap(project, parser.value("map"), err);
+        if (!map)
             return Failure;
-        }
+        maps = { map };
     }
     int written = 0;
     for (const auto& map : maps) {

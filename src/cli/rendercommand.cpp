@@ -39,14 +39,9 @@ CliCommand::Status RenderCommand::run(const QStringList& arguments, QTextStream&
     if (!loadProject(store, parser.positionalArguments().first(), err))
         return Failure;
     const QString wanted = parser.value("map");
-    QPointer<Map> map;
-    for (const auto& candidate : store.project()->maps())
-        if (candidate && candidate->name() == wanted)
-            map = candidate;
-    if (!map) {
-        err << QObject::tr("No map named %1").arg(wanted) << Qt::endl;
+    const QPointer<Map> map = findMap(*store.project(), wanted, err);
+    if (!map)
         return Failure;
-    }
     const QImage picture = MapRenderer(*store.project(), *map).render(scale);
     const QString file = parser.value("out");
     if (picture.isNull() || !MapRenderer::indexedIfPossible(picture).save(file, "PNG")) {
