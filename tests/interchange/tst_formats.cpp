@@ -58,7 +58,7 @@ class TestFormats : public QObject
 {
     Q_OBJECT
 private slots:
-    void nxtPacksLeftPixelHigh();
+    void nxtPacksLeftPixelHighAndReadsBack();
     void eightBitTiles();
     void attributes_data();
     void attributes();
@@ -73,19 +73,24 @@ private:
     QTemporaryDir mDir;
 };
 
-void TestFormats::nxtPacksLeftPixelHigh()
+void TestFormats::nxtPacksLeftPixelHighAndReadsBack()
 {
     TileSet tiles(2);
     tiles.setName("set");
     fillSet(tiles);
     QImage high = Tile::blankImage();
-    high.setPixel(0, 0, 0x2F); // only the low nibble is stored
+    high.setPixel(0, 0, 0x2F); // only the low nibbles are stored
+    high.setPixel(7, 7, 0xA5);
     tiles.setTileImage(1, high);
     QVERIFY(tiles.exportBinary(mDir.path()));
     QByteArray expected(64, '\0');
     expected.replace(0, 4, QByteArray::fromHex("12345678"));
     expected[32] = char(0xF0);
+    expected[63] = char(0x05); // rows from the top
     QCOMPARE(readFile(mDir.filePath("set_tiles.nxt")), expected);
+    TileSet loaded(2);
+    QVERIFY(loaded.importNxt(mDir.filePath("set_tiles.nxt")));
+    QCOMPARE(loaded.tile(0)->toPacked() + loaded.tile(1)->toPacked(), expected);
 }
 
 void TestFormats::eightBitTiles()

@@ -67,7 +67,6 @@ class TestTileSet : public QObject
     Q_OBJECT
 private slots:
     void renderPutsBankInHighNibble();
-    void packedLayoutRoundTripsThroughNxt();
     void badIndicesAndPicturesAreHarmless();
     void structuralEdits_data();
     void structuralEdits();
@@ -91,26 +90,6 @@ void TestTileSet::renderPutsBankInHighNibble()
     // A clockwise turn takes the top right to the bottom right.
     QCOMPARE(set.render(0, true, false, false, 3).pixelIndex(7, 7), 0x37);
     QCOMPARE(set.tile(0)->image().pixelIndex(7, 0), 0xA7);
-}
-
-void TestTileSet::packedLayoutRoundTripsThroughNxt()
-{
-    Tile tile(4);
-    QImage image = tile.image();
-    for (int x = 0; x < 8; ++x) {
-        image.setPixel(x, 0, uint(x + 1));
-        image.setPixel(x, 7, uint(0xF0 | x)); // high nibbles are not stored
-    }
-    tile.setImage(image);
-    const QByteArray packed = tile.toPacked();
-    QCOMPARE(packed.size(), 32);
-    QCOMPARE(packed.left(4), QByteArray::fromHex("12345678"));
-    QCOMPARE(packed.right(4), QByteArray::fromHex("01234567"));
-
-    QTemporaryDir dir;
-    TileSet loaded(1);
-    QVERIFY(loaded.importNxt(writeFile(dir, packed)));
-    QCOMPARE(loaded.tile(0)->toPacked(), packed);
 }
 
 void TestTileSet::badIndicesAndPicturesAreHarmless()
