@@ -11,7 +11,7 @@ FileMenu::FileMenu(FileChooser* files, QWidget* parent)
     : QMenu(tr("File"), parent)
     , mFiles(files)
     , mProjectDialog(new ProjectDialog(parent))
-    , mToolBar(new QToolBar(tr("File Toolbar")))
+    , mToolBar(new QToolBar(tr("File Toolbar"), this))
 {
     mToolBar->setObjectName(QStringLiteral("FileToolbar"));
     QAction* create = addItem(tr("New"), ":tb-new-file", QKeySequence::New);
