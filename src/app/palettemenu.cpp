@@ -57,9 +57,7 @@ void PaletteMenu::importAccepted(const QString& file)
             qWarning() << "Read error";
             return;
         }
-        const QList<QRgb> colours = picture.colours();
-        for (int i = 0; i < colours.size() && i < Palette::Size; ++i)
-            palette->setColour(i, QColor::fromRgb(colours.at(i)), false);
+        palette->setColours(picture.colours());
         return;
     }
     if (!palette->importData(file))

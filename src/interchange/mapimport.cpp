@@ -60,9 +60,7 @@ QString importPicture(Project& project, const QFileInfo& file, const ImportProgr
 
     const QString name = file.baseName();
     const QPointer<Palette> palette = project.createPalette(CreateAction::NewBlank, name);
-    const QList<QRgb> colours = slicer.colours();
-    for (int i = 0; i < colours.size() && i < Palette::Size; ++i)
-        palette->setColour(i, QColor::fromRgb(colours.at(i)), false);
+    palette->setColours(slicer.colours());
 
     const QPointer<TileSet> tiles = project.createTileSet(name, palette->id(), ImportedTileCount, false);
     const QList<QRgb> table = palette->rgbTable();

@@ -14,10 +14,7 @@ int importSpritePicture(SpriteBank& bank, const QImage& picture)
             bank.addSprite(true);
         bank.setImage(i, slicer.piece(i));
     }
-    if (const QPointer<Palette> palette = bank.palette()) {
-        const QList<QRgb> colours = slicer.colours();
-        for (int i = 0; i < colours.size() && i < Palette::Size; ++i)
-            palette->setColour(i, QColor::fromRgb(colours.at(i)), false);
-    }
+    if (const QPointer<Palette> palette = bank.palette())
+        palette->setColours(slicer.colours());
     return count;
 }

@@ -153,6 +153,12 @@ void Palette::fill(const QColor& colour, bool priority)
         setColour(i, colour, priority);
 }
 
+void Palette::setColours(const QList<QRgb>& colours)
+{
+    for (int i = 0; i < colours.size() && i < Size; ++i)
+        setColour(i, QColor::fromRgb(colours.at(i)), false);
+}
+
 void Palette::loadStandard()
 {
     for (int i = 0; i < Size; ++i)

@@ -28,6 +28,9 @@ public:
     int nearestIndex(const QColor& colour) const;
 
     void fill(const QColor& colour, bool priority);
+    // setColour from index 0 on, without priority, for the colours of an
+    // imported picture; colours past the last entry are dropped.
+    void setColours(const QList<QRgb>& colours);
     void loadStandard();
     void copyEntries(const Palette* other);
     QList<QColor> colours() const;
