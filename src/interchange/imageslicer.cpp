@@ -62,6 +62,7 @@ void ImageSlicer::reset()
     mBanks = QList<Bank>(BankCount);
     mColumns = 0;
     mRows = 0;
+    mPlaced = 0;
 }
 
 int ImageSlicer::sliceTiles()
@@ -81,6 +82,7 @@ int ImageSlicer::sliceSprites(int size)
         return 0;
     slice(size, false);
     mColours = mColourTable;
+    mPlaced = pieceCount();
     return pieceCount();
 }
 
@@ -114,6 +116,7 @@ void ImageSlicer::slice(int size, bool deduplicate)
     NxImage snapped;
     snapped.load(mSource);
     const QImage indexed = snapped.toIndexed();
+    mSourceColours = int(snapped.colours().size());
     mColourTable = snapped.colours().mid(0, 256);
     mColumns = indexed.width() / size;
     mRows = indexed.height() / size;
@@ -154,8 +157,8 @@ ImageSlicer::Cell ImageSlicer::findOrAdd(const QImage& indexed, int x, int y)
 bool ImageSlicer::buildBanks()
 {
     mOffsets = QList<int>(mPieces.size(), 0);
-    for (int tile = 0; tile < mPieces.size(); ++tile)
-        if (!placeTile(tile))
+    for (mPlaced = 0; mPlaced < mPieces.size(); ++mPlaced)
+        if (!placeTile(mPlaced))
             return false;
     return true;
 }

@@ -26,9 +26,16 @@ public:
     QImage piece(int index) const;
     // The palette bank a tile was given (its palette offset).
     int pieceOffset(int index) const;
+    // Tiles that found no room in the sixteen banks: they, and the palette,
+    // got no colours.
+    int tilesWithoutColours() const { return pieceCount() - mPlaced; }
     // The finished palette: the banks joined in order after tiles, the
     // picture's colours after sprites, empty when the banks could not be built.
     QList<QRgb> colours() const { return mColours; }
+
+    // How many distinct colours the picture has on the machine's grid; only
+    // the first 256 can be indices.
+    int sourceColourCount() const { return mSourceColours; }
 
     int columns() const { return mColumns; }
     int rows() const { return mRows; }
@@ -68,4 +75,6 @@ private:
     QList<Cell> mCells;
     QList<QRgb> mColourTable;
     QList<QRgb> mColours;
+    int mPlaced = 0;
+    int mSourceColours = 0;
 };

@@ -3,6 +3,7 @@
 #include "interchange/imageslicer.h"
 #include "model/map.h"
 #include "model/palette.h"
+#include "model/tile.h"
 #include "model/tileset.h"
 #include "project/project.h"
 
@@ -14,41 +15,108 @@
 namespace {
 
 constexpr int ImportedTileCount = 512;
+constexpr int BlockBytes = 8;
 
 QString tr(const char* text)
 {
     return QCoreApplication::translate("MapImport", text);
 }
 
-QString importNextTiles(Project& project, const QFileInfo& chosen)
+struct NextTilesFiles
 {
-    const QString base = chosen.completeBaseName();
-    const QDir dir = chosen.dir();
-    const QString nxp = dir.filePath(base + ".nxp");
-    const QString nxt = dir.filePath(base + ".nxt");
-    const QString nxm = dir.filePath(base + ".nxm");
-    const QString nxb = dir.filePath(base + ".nxb");
-    for (const QString& path : { nxp, nxt, nxm, nxb })
-        if (!QFileInfo::exists(path))
-            return tr("Some of the required files are missing");
+    QString nxp, nxt, nxm, nxb;
+};
 
-    const QPointer<Palette> palette = project.createPalette(CreateAction::NewBlank, base);
-    if (!palette->importData(nxp))
-        return tr("Could not import the palette data");
-    const QPointer<TileSet> tiles = project.createTileSet(base, palette->id(), ImportedTileCount, false);
-    if (!tiles->importNxt(nxt))
-        return tr("Could not import the tile data");
-    const QPointer<Map> map = project.createMap(base, tiles->id(), QSize(1, 1));
-    if (!map->importNextTiles(nxm, nxb))
-        return tr("Could not import the map data");
+// Refuses a set that could only give blank or black assets, before any is made.
+QString checkNextTiles(const NextTilesFiles& files)
+{
+    QStringList missing;
+    for (const QString& path : { files.nxp, files.nxt, files.nxm, files.nxb })
+        if (!QFileInfo::exists(path))
+            missing << ImportText::file(path);
+    if (!missing.isEmpty())
+        return ImportText::because(tr("Some of the required files are missing"), missing.join(QStringLiteral(", ")));
+
+    const QString paletteLength = ImportText::paletteLength(files.nxp);
+    if (!paletteLength.isEmpty())
+        return ImportText::because(tr("Could not import the palette data"), paletteLength);
+    const qint64 tileBytes = QFileInfo(files.nxt).size();
+    if (tileBytes < Tile::PackedSize)
+        return ImportText::because(tr("Could not import the tile data"),
+                                   ImportText::tooShort(files.nxt, tileBytes, tr("tile"), Tile::PackedSize));
+    const qint64 blockBytes = QFileInfo(files.nxb).size();
+    if (blockBytes < BlockBytes)
+        return ImportText::because(tr("Could not import the map data"),
+                                   ImportText::tooShort(files.nxb, blockBytes, tr("block"), BlockBytes));
+    const qint64 mapBytes = QFileInfo(files.nxm).size();
+    if (mapBytes < 2)
+        return ImportText::because(tr("Could not import the map data"),
+                                   ImportText::tooShort(files.nxm, mapBytes, tr("map size"), 2));
     return {};
 }
 
-QString importPicture(Project& project, const QFileInfo& file, const ImportProgress& progress)
+// Cells whose tile the .nxt did not fill show a blank tile; say how many.
+int cellsBeyond(const Map& map, int tilesHeld)
+{
+    int count = 0;
+    const QSize size = map.size();
+    for (int y = 0; y < size.height(); ++y)
+        for (int x = 0; x < size.width(); ++x)
+            if (map.tile(QPoint(x, y)).index >= tilesHeld)
+                ++count;
+    return count;
+}
+
+ImportReport importNextTiles(Project& project, const QFileInfo& chosen)
+{
+    const QString base = chosen.completeBaseName();
+    const QDir dir = chosen.dir();
+    const NextTilesFiles files { dir.filePath(base + ".nxp"), dir.filePath(base + ".nxt"), dir.filePath(base + ".nxm"),
+                                 dir.filePath(base + ".nxb") };
+    const QString refusal = checkNextTiles(files);
+    if (!refusal.isEmpty())
+        return ImportReport::failure(refusal);
+
+    ImportReport report;
+    const QPointer<Palette> palette = project.createPalette(CreateAction::NewBlank, base);
+    if (!palette->importData(files.nxp))
+        return ImportReport::failure(tr("Could not import the palette data"));
+    const QPointer<TileSet> tiles = project.createTileSet(base, palette->id(), ImportedTileCount, false);
+    if (!tiles->importNxt(files.nxt))
+        return ImportReport::failure(tr("Could not import the tile data"));
+    const qint64 tileBytes = QFileInfo(files.nxt).size();
+    const qint64 tilesInFile = tileBytes / Tile::PackedSize;
+    if (tileBytes % Tile::PackedSize)
+        report.warnings << ImportText::tail(files.nxt, tileBytes % Tile::PackedSize, tr("tile"));
+    if (tilesInFile > tiles->count())
+        report.warnings << tr("%1 holds %2 tiles; the tile set took the first %3")
+                               .arg(ImportText::file(files.nxt))
+                               .arg(tilesInFile)
+                               .arg(tiles->count());
+
+    const QPointer<Map> map = project.createMap(base, tiles->id(), QSize(1, 1));
+    if (!map->importNextTiles(files.nxm, files.nxb))
+        return ImportReport::failure(tr("Could not import the map data"));
+    const qint64 blockBytes = QFileInfo(files.nxb).size();
+    if (blockBytes % BlockBytes)
+        report.warnings << ImportText::tail(files.nxb, blockBytes % BlockBytes, tr("block"));
+    if (const int blank = cellsBeyond(*map, int(qMin<qint64>(tilesInFile, tiles->count()))))
+        report.warnings << tr("%1 cells of the map name tiles that %2 does not hold; they stay blank")
+                               .arg(blank)
+                               .arg(ImportText::file(files.nxt));
+    return report;
+}
+
+ImportReport importPicture(Project& project, const QFileInfo& file, const ImportProgress& progress)
 {
     QImage picture;
     if (!picture.load(file.filePath()))
-        return tr("Could not read the image file");
+        return ImportReport::failure(tr("Could not read the image file"));
+    if (picture.width() < Tile::Size || picture.height() < Tile::Size)
+        return ImportReport::failure(tr("%1 is %2 × %3 pixels, smaller than one tile (8 × 8)")
+                                         .arg(ImportText::file(file.filePath()))
+                                         .arg(picture.width())
+                                         .arg(picture.height()));
 
     ImageSlicer slicer(picture);
     if (progress)
@@ -56,7 +124,30 @@ QString importPicture(Project& project, const QFileInfo& file, const ImportProgr
                          [&progress, &slicer](int value) { progress(value, slicer.stepCount()); });
     const int count = slicer.sliceTiles();
     if (count > ImportedTileCount)
-        return tr("Cannot import the image as it would need more than 512 tiles\n%1 required").arg(count);
+        return ImportReport::failure(
+            tr("Cannot import the image as it would need more than 512 tiles\n%1 required").arg(count));
+
+    ImportReport report;
+    const int right = picture.width() % Tile::Size;
+    const int bottom = picture.height() % Tile::Size;
+    if (right || bottom)
+        report.warnings << tr("%1 is %2 × %3 pixels; the last %4 columns and %5 rows are not whole tiles and were "
+                              "left out")
+                               .arg(ImportText::file(file.filePath()))
+                               .arg(picture.width())
+                               .arg(picture.height())
+                               .arg(right)
+                               .arg(bottom);
+    if (slicer.sourceColourCount() > Palette::Size)
+        report.warnings << tr("%1 has %2 colours; pixels of the colours past the first %3 became colour 0")
+                               .arg(ImportText::file(file.filePath()))
+                               .arg(slicer.sourceColourCount())
+                               .arg(Palette::Size);
+    if (const int without = slicer.tilesWithoutColours())
+        report.warnings << tr("The picture has more colours than sixteen banks of 16 can hold: %1 of %2 tiles got "
+                              "no colours, and the palette was left black")
+                               .arg(without)
+                               .arg(count);
 
     const QString name = file.baseName();
     const QPointer<Palette> palette = project.createPalette(CreateAction::NewBlank, name);
@@ -75,12 +166,12 @@ QString importPicture(Project& project, const QFileInfo& file, const ImportProgr
     for (int row = 0; row < slicer.rows(); ++row)
         for (int column = 0; column < slicer.columns(); ++column)
             map->setTile(QPoint(column, row), slicer.cell(column, row));
-    return {};
+    return report;
 }
 
 } // namespace
 
-QString importMap(Project& project, const QString& filePath, const ImportProgress& progress)
+ImportReport importMap(Project& project, const QString& filePath, const ImportProgress& progress)
 {
     const QFileInfo file(filePath);
     const QString suffix = file.suffix().toLower();

@@ -1,4 +1,6 @@
 #pragma once
+#include "interchange/importreport.h"
+
 #include <QString>
 #include <functional>
 
@@ -9,6 +11,7 @@ using ImportProgress = std::function<void(int value, int maximum)>;
 
 // Imports a NextTiles set (.nxp .nxt .nxm .nxb, any one of them named) or a
 // picture into the project as a palette, a tile set and a map named after
-// the file. Returns an empty string on success, otherwise the message for
-// the user; what was created before a failure stays in the project.
-QString importMap(Project& project, const QString& filePath, const ImportProgress& progress = {});
+// the file. A set whose files hold nothing usable is refused before anything
+// is created; a later failure leaves what was made in the project. An import
+// that went through says in its warnings what it had to leave out.
+ImportReport importMap(Project& project, const QString& filePath, const ImportProgress& progress = {});

@@ -4,6 +4,7 @@
 #include "model/spritebank.h"
 #include "project/project.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QImage>
@@ -38,20 +39,29 @@ QByteArray content(const SpriteBank& bank)
     return bytes;
 }
 
-SpriteBank* import(Project& project, const QString& fileName, ImportActions actions, SpriteBank* openBank,
-                   const QUuid& paletteId)
+ImportReport import(Project& project, const QString& fileName, ImportActions actions, SpriteBank* openBank,
+                    const QUuid& paletteId, SpriteBank** filled)
 {
+    const QString readError = QCoreApplication::translate("SpriteFile", "Read error");
     const bool append = actions.testFlag(Append);
     if (append && !openBank)
-        return nullptr;
+        return ImportReport::failure(
+            ImportText::because(readError, QCoreApplication::translate("SpriteFile", "no sprite bank is open")));
     QFile file(fileName);
     if (!file.open(QIODevice::ReadOnly))
-        return nullptr;
+        return ImportReport::failure(ImportText::because(
+            readError, QCoreApplication::translate("SpriteFile", "%1 cannot be opened").arg(ImportText::file(fileName))));
     const QByteArray bytes = file.readAll();
+    if (bytes.size() < SpriteBytes)
+        return ImportReport::failure(ImportText::because(
+            readError, ImportText::tooShort(fileName, bytes.size(), QCoreApplication::translate("SpriteFile", "sprite"),
+                                            SpriteBytes)));
 
+    ImportReport report;
+    if (bytes.size() % SpriteBytes)
+        report.warnings << ImportText::tail(fileName, bytes.size() % SpriteBytes,
+                                            QCoreApplication::translate("SpriteFile", "sprite"));
     SpriteBank* bank = append ? openBank : newBank(project, fileName, actions, paletteId);
-    if (!bank)
-        return nullptr;
     const qsizetype sprites = bytes.size() / SpriteBytes;
     for (qsizetype s = 0; s < sprites; ++s) {
         // A new bank's own blank sprite takes the file's first, so that a
@@ -65,7 +75,9 @@ SpriteBank* import(Project& project, const QString& fileName, ImportActions acti
             std::memcpy(sprite.scanLine(y), source + y * Size, Size);
         bank->setImage(bank->spriteCount() - 1, sprite);
     }
-    return bank;
+    if (filled)
+        *filled = bank;
+    return report;
 }
 
 } // namespace SpriteFile

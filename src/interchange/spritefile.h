@@ -1,4 +1,6 @@
 #pragma once
+#include "interchange/importreport.h"
+
 #include <QByteArray>
 #include <QFlags>
 #include <QUuid>
@@ -24,10 +26,11 @@ QByteArray content(const SpriteBank& bank);
 // Appends each whole sprite of the file to `openBank` with Append, or else
 // to a new 8-bit bank named after the file, on a new standard palette
 // "Default Next" with CreatePalette and otherwise on `paletteId`. A tail of
-// fewer than 256 bytes is ignored. Returns the bank filled, or null when the
-// file can't be read or Append has no bank; nothing is created then.
-SpriteBank* import(Project& project, const QString& fileName, ImportActions actions, SpriteBank* openBank,
-                   const QUuid& paletteId = QUuid());
+// fewer than 256 bytes is left out with a warning. A file that can't be read
+// or holds no whole sprite, or Append without a bank, is refused and creates
+// nothing. `filled`, when given, receives the bank.
+ImportReport import(Project& project, const QString& fileName, ImportActions actions, SpriteBank* openBank,
+                    const QUuid& paletteId = QUuid(), SpriteBank** filled = nullptr);
 
 } // namespace SpriteFile
 

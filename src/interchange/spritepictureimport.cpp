@@ -3,10 +3,27 @@
 #include "interchange/imageslicer.h"
 #include "model/palette.h"
 #include "model/spritebank.h"
+#include "project/project.h"
 
-int importSpritePicture(SpriteBank& bank, const QImage& picture)
+#include <QCoreApplication>
+#include <QFileInfo>
+
+namespace {
+
+constexpr int SpriteSize = SpriteBank::SpriteSize;
+
+QString tr(const char* text)
 {
-    constexpr int SpriteSize = 16;
+    return QCoreApplication::translate("SpritePictureImport", text);
+}
+
+} // namespace
+
+namespace {
+
+// The count of pieces; `colours` gets the picture's colour count.
+int slice(SpriteBank& bank, const QImage& picture, int* colours)
+{
     ImageSlicer slicer(picture);
     const int count = slicer.sliceSprites(SpriteSize);
     for (int i = 0; i < count; ++i) {
@@ -16,5 +33,53 @@ int importSpritePicture(SpriteBank& bank, const QImage& picture)
     }
     if (const QPointer<Palette> palette = bank.palette())
         palette->setColours(slicer.colours());
+    *colours = slicer.sourceColourCount();
     return count;
+}
+
+} // namespace
+
+int importSpritePicture(SpriteBank& bank, const QImage& picture)
+{
+    int colours = 0;
+    return slice(bank, picture, &colours);
+}
+
+ImportReport importSpriteSheet(Project& project, const QString& filePath, SpriteBank** created)
+{
+    const QImage picture(filePath);
+    const QString readError = tr("Read error");
+    if (picture.isNull())
+        return ImportReport::failure(
+            ImportText::because(readError, tr("%1 is not a picture").arg(ImportText::file(filePath))));
+    if (picture.width() < SpriteSize || picture.height() < SpriteSize)
+        return ImportReport::failure(ImportText::because(readError, tr("%1 is %2 × %3 pixels, smaller than one sprite "
+                                                                       "(16 × 16)")
+                                                                        .arg(ImportText::file(filePath))
+                                                                        .arg(picture.width())
+                                                                        .arg(picture.height())));
+    ImportReport report;
+    const int right = picture.width() % SpriteSize;
+    const int bottom = picture.height() % SpriteSize;
+    if (right || bottom)
+        report.warnings << tr("%1 is %2 × %3 pixels; the last %4 columns and %5 rows are not whole sprites and "
+                              "were left out")
+                               .arg(ImportText::file(filePath))
+                               .arg(picture.width())
+                               .arg(picture.height())
+                               .arg(right)
+                               .arg(bottom);
+    const QString name = QFileInfo(filePath).baseName();
+    const QPointer<Palette> palette = project.createPalette(CreateAction::NewBlank, name);
+    const QPointer<SpriteBank> bank = project.createSpriteBank(Tintorel::Sprite::EightBit, name, palette->id());
+    int colours = 0;
+    slice(*bank, picture, &colours);
+    if (colours > Palette::Size)
+        report.warnings << tr("%1 has %2 colours; pixels of the colours past the first %3 became colour 0")
+                               .arg(ImportText::file(filePath))
+                               .arg(colours)
+                               .arg(Palette::Size);
+    if (created)
+        *created = bank;
+    return report;
 }

@@ -1,5 +1,7 @@
 #pragma once
+#include "interchange/importreport.h"
 
+class Project;
 class QImage;
 class SpriteBank;
 
@@ -7,3 +9,9 @@ class SpriteBank;
 // sprite 0, each further piece is a new sprite, and the picture's colours
 // become the first entries of the bank's palette. Returns the piece count.
 int importSpritePicture(SpriteBank& bank, const QImage& picture);
+
+// Sprites → Import of a picture: a new 8-bit bank on a new palette, both
+// named after the file. A picture that can't be read or is smaller than one
+// sprite is refused and creates nothing; margins that are not whole sprites
+// and colours past the 256th are reported as warnings.
+ImportReport importSpriteSheet(Project& project, const QString& filePath, SpriteBank** created = nullptr);

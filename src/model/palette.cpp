@@ -14,15 +14,13 @@ const std::array<int, 17> colourStepList = {
 // level / 7 * 255 rounded up, not to nearest: level 1 is 37 and level 5 is 183.
 constexpr std::array<int, 8> levelChannel = { 0, 37, 73, 110, 146, 183, 219, 255 };
 
-QString paletteFileSuffix() { return QStringLiteral(".npl"); }
+} // namespace
 
-qint64 paletteFileSize(const QString& fileName)
+qint64 Palette::fileSize(const QString& fileName)
 {
     // The .npl form carries one trailing byte; the rule is by name only.
-    return BinaryFile::hasSuffix(fileName, paletteFileSuffix()) ? 513 : 512;
+    return BinaryFile::hasSuffix(fileName, QStringLiteral(".npl")) ? 513 : 512;
 }
-
-} // namespace
 
 Palette::Palette(QObject* parent)
     : QObject(parent)
@@ -191,7 +189,7 @@ QList<QRgb> Palette::rgbTable() const
 
 bool Palette::exportData(const QString& fileName) const
 {
-    QByteArray content(paletteFileSize(fileName), '\0');
+    QByteArray content(fileSize(fileName), '\0');
     for (int i = 0; i < Size; ++i) {
         content[2 * i] = char(mEntries[i] >> 8);
         content[2 * i + 1] = char(mEntries[i] & 0xFF);
@@ -202,7 +200,7 @@ bool Palette::exportData(const QString& fileName) const
 bool Palette::importData(const QString& fileName)
 {
     bool ok = false;
-    const QByteArray content = BinaryFile::readExact(fileName, paletteFileSize(fileName), &ok);
+    const QByteArray content = BinaryFile::readExact(fileName, fileSize(fileName), &ok);
     if (!ok)
         return false;
     const auto* bytes = reinterpret_cast<const uchar*>(content.constData());

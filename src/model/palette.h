@@ -48,6 +48,8 @@ public:
     static QColor decode(ushort raw);
     static int channelForLevel(int level);
     static ushort standardEntry(int index);
+    // 512 bytes, or 513 for a file named .npl.
+    static qint64 fileSize(const QString& fileName);
 
 public slots:
     void setName(const QString& name);

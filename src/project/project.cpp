@@ -29,6 +29,14 @@ bool remove(QHash<QUuid, QPointer<T>>& table, const QUuid& id)
     return true;
 }
 
+// The asset's name, or a null string when the table does not hold it.
+template<typename T>
+QString nameIn(const QHash<QUuid, QPointer<T>>& table, const QUuid& id)
+{
+    const QPointer<T> asset = table.value(id);
+    return asset ? asset->name() : QString();
+}
+
 template<typename T>
 QHash<QUuid, QString> namesOf(const QHash<QUuid, QPointer<T>>& table)
 {
@@ -145,6 +153,27 @@ QPointer<Palette> Project::clonePalette(const QUuid& id)
     return createPalette(CreateAction::Copy, source->name() + CopySuffix, id);
 }
 
+QString Project::nameOf(const QUuid& id) const
+{
+    // Ids are unique across the kinds, so at most one table knows it.
+    for (const QString& name : { nameIn(mPalettes, id), nameIn(mTileSets, id), nameIn(mMaps, id),
+                                 nameIn(mSpriteBanks, id), nameIn(mImages, id), nameIn(mMapObjects, id) })
+        if (!name.isNull())
+            return name;
+    return {};
+}
+
+bool Project::inUse(const QUuid& id) const
+{
+    if (mPalettes.contains(id))
+        return paletteInUse(id);
+    if (mTileSets.contains(id))
+        return tileSetInUse(id);
+    if (const QPointer<MapObjects> set = mMapObjects.value(id))
+        return tileSetInUse(set->tileSetId());
+    return false;
+}
+
 bool Project::paletteInUse(const QUuid& id) const
 {
     if (id == mScratchPalette)
@@ -240,9 +269,8 @@ bool Project::deleteBlocks(const QUuid& id)
 {
     if (!mMapObjects.contains(id))
         return true;
-    const QPointer<MapObjects> set = blocks(id);
     // In use as soon as a map shares the tile set, placed or not.
-    if (set && tileSetInUse(set->tileSetId()))
+    if (inUse(id))
         return false;
     return remove(mMapObjects, id);
 }

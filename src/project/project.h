@@ -69,6 +69,11 @@ public:
     void addBlocks(MapObjects* blocks);
 
     QHash<QUuid, QString> tileSetNames() const;
+    // The name of the asset of any kind with this id; empty for none.
+    QString nameOf(const QUuid& id) const;
+    // True when a delete of this asset would be refused: a palette, tile set
+    // or block set that something else still uses.
+    bool inUse(const QUuid& id) const;
 
 public slots:
     QPointer<Palette> createPalette(CreateAction action, const QString& name, const QUuid& source);

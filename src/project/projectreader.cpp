@@ -35,6 +35,16 @@ constexpr qint64 MaxAnimationCells = 1 << 20;
 // and go; this keeps them far from the ends of an int.
 constexpr int MaxPixel = MaxCount * 8;
 
+// "line 3, column 14" of a byte offset, for a user who opens the file in an editor.
+QString lineAndColumn(const QByteArray& text, int offset)
+{
+    offset = qBound(0, offset, int(text.size()));
+    const QByteArray before = text.left(offset);
+    const int line = int(before.count('\n')) + 1;
+    const int column = offset - int(before.lastIndexOf('\n'));
+    return QStringLiteral("line %1, column %2").arg(line).arg(column);
+}
+
 QUuid freshId()
 {
     return QUuid::createUuid();
@@ -224,8 +234,16 @@ bool Reader::read()
     const QByteArray document = entry(ProjectEntry::document());
     if (document.isEmpty())
         return fail(QStringLiteral("Invalid project file"));
-    // Deliberately blind to the parse error: a garbled document is an empty project.
-    const QJsonObject root = QJsonDocument::fromJson(document).object();
+    // A garbled document must not open as an empty project: saved, it would
+    // replace the user's work.
+    QJsonParseError parseError;
+    const QJsonDocument json = QJsonDocument::fromJson(document, &parseError);
+    if (parseError.error != QJsonParseError::NoError)
+        return fail(QStringLiteral("Invalid project file: %1 does not parse (%2 at %3)")
+                        .arg(ProjectEntry::document(), parseError.errorString(), lineAndColumn(document, parseError.offset)));
+    if (!json.isObject())
+        return fail(QStringLiteral("Invalid project file: %1 does not hold an object").arg(ProjectEntry::document()));
+    const QJsonObject root = json.object();
     // As a double, so that 2.5 or a number past the range of int is newer too.
     if (root.value(QLatin1String("formatVersion")).toDouble(1) > FormatVersion)
         return fail(QStringLiteral("Project file is from a newer version of Tintorel"));

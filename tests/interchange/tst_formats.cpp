@@ -214,7 +214,8 @@ void TestFormats::spriteImportTargets()
     QVERIFY(writeFile(path, bytes));
     Project project;
 
-    SpriteBank* created = SpriteFile::import(project, path, {}, nullptr);
+    SpriteBank* created = nullptr;
+    QVERIFY(SpriteFile::import(project, path, {}, nullptr, {}, &created).ok());
     QVERIFY(created);
     QCOMPARE(created->name(), QStringLiteral("hero"));
     QCOMPARE(created->depth(), Tintorel::Sprite::EightBit);
@@ -222,17 +223,19 @@ void TestFormats::spriteImportTargets()
     QCOMPARE(created->image().pixelIndex(15, 15), 255);
     QVERIFY(project.palettes().isEmpty());
 
-    SpriteBank* appended = SpriteFile::import(project, path, SpriteFile::Append, created);
+    SpriteBank* appended = nullptr;
+    QVERIFY(SpriteFile::import(project, path, SpriteFile::Append, created, {}, &appended).ok());
     QCOMPARE(appended, created);
     QCOMPARE(created->spriteCount(), 2);
 
-    SpriteBank* withPalette = SpriteFile::import(project, path, SpriteFile::CreatePalette, nullptr);
+    SpriteBank* withPalette = nullptr;
+    SpriteFile::import(project, path, SpriteFile::CreatePalette, nullptr, {}, &withPalette);
     QVERIFY(withPalette && withPalette != created);
     QVERIFY(withPalette->palette());
     QCOMPARE(withPalette->palette()->name(), QStringLiteral("Default Next"));
 
-    QVERIFY(!SpriteFile::import(project, path, SpriteFile::Append, nullptr));
-    QVERIFY(!SpriteFile::import(project, mDir.filePath("missing.spr"), {}, nullptr));
+    QVERIFY(!SpriteFile::import(project, path, SpriteFile::Append, nullptr).ok());
+    QVERIFY(!SpriteFile::import(project, mDir.filePath("missing.spr"), {}, nullptr).ok());
     QCOMPARE(project.spriteBanks().size(), 2);
 }
 
@@ -254,7 +257,8 @@ void TestFormats::spriteRoundTrip()
     QCOMPARE(bytes.mid(256, 2), QByteArray::fromHex("d0d7")); // sprite 1, row 0 is strip row 16
 
     Project project;
-    SpriteBank* copy = SpriteFile::import(project, first, {}, nullptr);
+    SpriteBank* copy = nullptr;
+    SpriteFile::import(project, first, {}, nullptr, {}, &copy);
     QVERIFY(copy);
     const QString second = mDir.filePath("second.spr");
     QVERIFY(copy->exportData(second));

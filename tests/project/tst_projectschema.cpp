@@ -255,7 +255,12 @@ void TestProjectSchema::document_data()
     QTest::newRow("version 2") << old(2) << QString() << "Old";
     QTest::newRow("version 3 is refused") << old(3) << newer << "untitled";
     QTest::newRow("a version past the range of int is refused") << old(1e12) << newer << "untitled";
-    QTest::newRow("a garbled document loads empty") << QByteArray("{ \"palettes\": [ {") << QString() << "";
+    QTest::newRow("a garbled document is refused")
+        << QByteArray("{ \"name\": \"x\",\n  \"palettes\": [ {")
+        << "Invalid project file: project.json does not parse (unterminated object at line 2, column 18)"
+        << "untitled";
+    QTest::newRow("a document that is not an object is refused")
+        << QByteArray("[ 1, 2 ]") << "Invalid project file: project.json does not hold an object" << "untitled";
 }
 
 void TestProjectSchema::document()
