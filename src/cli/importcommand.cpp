@@ -1,11 +1,11 @@
 #include "importcommand.h"
 
+#include "arguments.h"
 #include "interchange/mapimport.h"
 #include "project/project.h"
 #include "project/projectstore.h"
 #include "projectloader.h"
 
-#include <QCommandLineParser>
 #include <QFileInfo>
 #include <QTextStream>
 
@@ -19,30 +19,31 @@ QString ImportCommand::help() const
     return QStringLiteral("Imports a picture, or a NextTiles set (.nxp .nxt .nxm .nxb, naming any one of them), into\n"
                           "the project as a palette, a tile set and a map named after the file, then saves the\n"
                           "project, keeping the previous file as PROJECT.tintorel.bak. A project that does not\n"
-                          "exist is created, named after the file. On failure the project file is left untouched.");
+                          "exist is created, named after the file. On failure the project file is left untouched,\n"
+                          "and a project file that does not load is never saved over. What the import had to\n"
+                          "leave out is listed as warnings on standard error; the exit status is still 0.");
 }
 
 CliCommand::Status ImportCommand::run(const QStringList& arguments, QTextStream& out, QTextStream& err)
 {
-    QCommandLineParser parser;
-    parser.addOption({ "project", "", "PROJECT" });
-    if (!parser.parse(QStringList { "tintorel-cli" } + arguments) || parser.positionalArguments().size() != 1
-        || !parser.isSet("project"))
+    Arguments args(name(), { { "project", "PROJECT", true } }, QStringLiteral("FILE"));
+    if (!args.parse(arguments, err))
         return UsageError;
-    const QString file = parser.positionalArguments().first();
-    const QString path = parser.value("project");
+    const QString file = args.positional();
+    const QString path = args.value("project");
 
     ProjectStore store;
     if (QFileInfo::exists(path)) {
+        // A project that does not load is never saved over: the import stops here.
         if (!loadProject(store, path, err))
             return Failure;
     } else {
         store.create(QFileInfo(file).baseName(), false);
         store.setFilePath(path);
     }
-    const QString failure = importMap(*store.project(), file);
-    if (!failure.isEmpty()) {
-        err << file << ": " << failure << Qt::endl;
+    const ImportReport report = importMap(*store.project(), file);
+    if (!report.ok()) {
+        err << file << ": " << report.error << Qt::endl;
         return Failure;
     }
     QString saveFailure;
@@ -51,6 +52,9 @@ CliCommand::Status ImportCommand::run(const QStringList& arguments, QTextStream&
         err << path << ": " << saveFailure << Qt::endl;
         return Failure;
     }
+    // Still a success: the project holds what the import could make.
+    for (const QString& warning : report.warnings)
+        err << file << ": warning: " << warning << Qt::endl;
     out << QObject::tr("Imported %1 into %2").arg(file, path) << Qt::endl;
     return Success;
 }

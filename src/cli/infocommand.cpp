@@ -1,5 +1,6 @@
 #include "infocommand.h"
 
+#include "arguments.h"
 #include "model/image.h"
 #include "model/map.h"
 #include "model/mapobjects.h"
@@ -60,10 +61,11 @@ QString InfoCommand::help() const
 
 CliCommand::Status InfoCommand::run(const QStringList& arguments, QTextStream& out, QTextStream& err)
 {
-    if (arguments.size() != 1 || arguments.first().startsWith(QLatin1Char('-')))
+    Arguments args(name(), {}, QStringLiteral("PROJECT.tintorel"));
+    if (!args.parse(arguments, err))
         return UsageError;
     ProjectStore store;
-    if (!loadProject(store, arguments.first(), err))
+    if (!loadProject(store, args.positional(), err))
         return Failure;
     const Project& project = *store.project();
 

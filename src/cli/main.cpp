@@ -46,6 +46,7 @@ int main(int argc, char** argv)
 
     QStringList arguments = application.arguments().mid(1);
     if (arguments.isEmpty()) {
+        err << "tintorel-cli: no command given\n";
         printUsage(commands, err);
         return CliCommand::UsageError;
     }
@@ -66,7 +67,7 @@ int main(int argc, char** argv)
             err << "Usage: tintorel-cli " << command->usage() << "\n";
         return status;
     }
-    err << "Unknown command: " << name << "\n";
+    err << "tintorel-cli: unknown command '" << name << "'\n";
     printUsage(commands, err);
     return CliCommand::UsageError;
 }

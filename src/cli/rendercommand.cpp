@@ -1,17 +1,17 @@
 #include "rendercommand.h"
 
+#include "arguments.h"
 #include "interchange/maprenderer.h"
 #include "model/map.h"
 #include "project/project.h"
 #include "project/projectstore.h"
 #include "projectloader.h"
 
-#include <QCommandLineParser>
 #include <QTextStream>
 
 QString RenderCommand::usage() const
 {
-    return QStringLiteral("render PROJECT.tintorel --map NAME --out FILE.png [--scale N]");
+    return QStringLiteral("render PROJECT.tintorel --map NAME|ID --out FILE.png [--scale N]");
 }
 
 QString RenderCommand::help() const
@@ -23,27 +23,26 @@ QString RenderCommand::help() const
 
 CliCommand::Status RenderCommand::run(const QStringList& arguments, QTextStream& out, QTextStream& err)
 {
-    QCommandLineParser parser;
-    parser.addOption({ "map", "", "NAME" });
-    parser.addOption({ "out", "", "FILE" });
-    parser.addOption({ "scale", "", "N", "1" });
+    Arguments args(name(), { { "map", "NAME|ID", true }, { "out", "FILE", true }, { "scale", "N", false, "1" } },
+                   QStringLiteral("PROJECT.tintorel"));
+    if (!args.parse(arguments, err))
+        return UsageError;
     bool scaleOk = false;
-    if (!parser.parse(QStringList { "tintorel-cli" } + arguments) || parser.positionalArguments().size() != 1
-        || !parser.isSet("map") || !parser.isSet("out"))
+    const int scale = args.value("scale").toInt(&scaleOk);
+    if (!scaleOk || scale < 1 || scale > 64) {
+        args.refuse(QStringLiteral("scale must be 1 to 64"), err);
         return UsageError;
-    const int scale = parser.value("scale").toInt(&scaleOk);
-    if (!scaleOk || scale < 1 || scale > 64)
-        return UsageError;
+    }
 
     ProjectStore store;
-    if (!loadProject(store, parser.positionalArguments().first(), err))
+    if (!loadProject(store, args.positional(), err))
         return Failure;
-    const QString wanted = parser.value("map");
+    const QString wanted = args.value("map");
     const QPointer<Map> map = findMap(*store.project(), wanted, err);
     if (!map)
         return Failure;
     const QImage picture = MapRenderer(*store.project(), *map).render(scale);
-    const QString file = parser.value("out");
+    const QString file = args.value("out");
     if (picture.isNull() || !MapRenderer::indexedIfPossible(picture).save(file, "PNG")) {
         err << QObject::tr("Could not write %1").arg(file) << Qt::endl;
         return Failure;
