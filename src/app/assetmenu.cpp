@@ -11,6 +11,10 @@ AssetMenu::AssetMenu(const QString& title, FileChooser* files, QWidget* parent)
     showError = [this](const QString& caption, const QString& message) {
         QMessageBox::warning(parentWidget(), caption, message);
     };
+    showImportReport = [this](const ImportReport& report) {
+        if (!report.ok() || !report.warnings.isEmpty())
+            showError(tr("Import Incomplete"), (QStringList { report.error } + report.warnings).join('\n').trimmed());
+    };
 }
 
 void AssetMenu::setProject(QPointer<Project> project)

@@ -1,4 +1,6 @@
 #pragma once
+#include "interchange/importreport.h"
+
 #include <QMenu>
 #include <QPointer>
 
@@ -19,6 +21,8 @@ public:
 
     // Set by the window; a test answers without a box.
     std::function<void(const QString& title, const QString& message)> showError;
+    // Says why an import was refused or what it left out; silent for a clean one.
+    std::function<void(const ImportReport& report)> showImportReport;
 
 protected:
     QAction* addProjectAction(const QString& text);

@@ -39,6 +39,7 @@ QUndoStack* DocumentController::stack(const QUuid& id)
     if (!stack) {
         stack = new QUndoStack(this);
         mGroup.addStack(stack);
+        connect(stack, &QUndoStack::indexChanged, this, &DocumentController::historyChanged);
     }
     return stack;
 }

@@ -54,6 +54,8 @@ signals:
     void activeTileSetChanged(QUuid tileSetId);
     void activeMapChanged(QUuid mapId);
     void activeSpritesChanged(QUuid spriteBankId);
+    // Any stack took a step: a push, an undo or a redo.
+    void historyChanged();
 
 private:
     void projectOpened(Project* project);

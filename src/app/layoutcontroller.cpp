@@ -49,8 +49,13 @@ void LayoutController::resetLayout()
 
     // Left to Qt, the side docks would split the window evenly and the tile
     // strip would shrink to its title; give the canvas the room instead.
+    // Every size and raised tab is set here, so that a reset after docks
+    // were moved gives exactly the layout of a first start.
     mWindow->resizeDocks({ mDocks.project, mDocks.tile }, { 240, 300 }, Qt::Horizontal);
-    mWindow->resizeDocks({ mDocks.tilePicker }, { 160 }, Qt::Vertical);
+    mWindow->resizeDocks({ mDocks.project, mDocks.blockSelector, mDocks.tilePicker }, { 280, 200, 160 },
+                         Qt::Vertical);
+    mDocks.blockSelector->raise();
+    mDocks.tile->raise();
 }
 
 void LayoutController::restoreWindow(const QByteArray& state, const QByteArray& geometry)

@@ -8,6 +8,7 @@
 #include "app/spritemenu.h"
 #include "app/tilemenu.h"
 #include "app/viewmenu.h"
+#include "interchange/fontimport.h"
 #include "model/image.h"
 #include "model/palette.h"
 #include "model/spritebank.h"
@@ -136,10 +137,17 @@ void MainWindow::connectMenus()
             });
 
     for (AssetMenu* menu : std::initializer_list<AssetMenu*> { tiles, sprites, maps, mMenuBar.paletteMenu(),
-                                                               mMenuBar.imageMenu() })
+                                                               mMenuBar.imageMenu() }) {
         menu->showError = [this](const QString& title, const QString& message) {
             mMessageDialog.showMessage(title, title, message);
         };
+        menu->showImportReport = [this](const ImportReport& report) { mProjectActions.showImportReport(report); };
+    }
+    mProjectActions.confirmDelete = [this](const QString& question) {
+        return QMessageBox::question(this, tr("Delete"), question, QMessageBox::Yes | QMessageBox::No,
+                                     QMessageBox::No)
+               == QMessageBox::Yes;
+    };
 
     connect(&mDocumentController, &DocumentController::activePaletteChanged, this,
             [this](const QUuid& id) { mMenuBar.paletteMenu()->setCurrentPalette(id); });
@@ -162,6 +170,11 @@ void MainWindow::connectMenus()
             &DocumentController::setActiveImageEditor);
     connect(&mProjectWindow, &ProjectWindow::assetRenamed, this,
             [this](ProjectTree::ProjectNode, const QUuid& id, const QString& name) { mTabView.renameDocument(id, name); });
+    // What takes no undo step still changes the project; the title's marker follows.
+    connect(&mDocumentController, &DocumentController::historyChanged, &mProjectController,
+            &ProjectController::noteChange);
+    connect(&mProjectWindow, &ProjectWindow::assetRenamed, &mProjectController, &ProjectController::noteChange);
+    connect(&mProjectActions, &ProjectActions::assetDeleted, &mProjectController, &ProjectController::noteChange);
     connect(&mProjectActions, &ProjectActions::assetDeleted, this,
             [this](ProjectTree::ProjectNode node, const QUuid& id) {
                 if (node == ProjectTree::Map)
@@ -190,6 +203,10 @@ void MainWindow::connectProjectController()
     mSaveDialog.setDefaultSuffix(QStringLiteral("tintorel"));
     projects.askSavePath = [this] {
         mSaveDialog.setDirectory(mMenuBar.files()->lastPath());
+        // Proposes the project's name; a slash cannot stand in a file name.
+        if (const QPointer<Project> project = mProjectController.project())
+            mSaveDialog.selectFile(QString(project->name()).replace(QLatin1Char('/'), QLatin1Char('_'))
+                                   + QStringLiteral(".tintorel"));
         if (mSaveDialog.exec() != QDialog::Accepted || mSaveDialog.selectedFiles().isEmpty())
             return QString();
         return mSaveDialog.selectedFiles().first();
@@ -199,11 +216,12 @@ void MainWindow::connectProjectController()
     connect(&projects, &ProjectController::projectClosing, this, &MainWindow::projectClosing);
     connect(&projects, &ProjectController::projectClosed, this, &MainWindow::projectClosed);
     connect(&projects, &ProjectController::error, this, &MainWindow::showError);
+    connect(&projects, &ProjectController::modifiedChanged, this, &QWidget::setWindowModified);
 }
 
 void MainWindow::projectOpened(Project* project)
 {
-    setWindowTitle(QStringLiteral("%2 - %1").arg(project->name(), applicationName()));
+    setWindowTitle(QStringLiteral("%2 - %1[*]").arg(project->name(), applicationName()));
     mProjectWindow.setEnabled(true);
     mProjectWindow.setProject(project);
     connect(project, qOverload<QString>(&Project::showMessage), statusBar(),
@@ -259,6 +277,7 @@ void MainWindow::changeSpritePalette(const QUuid& paletteId)
     if (bank && palette) {
         bank->setPaletteId(paletteId);
         bank->setPalette(palette);
+        mProjectController.noteChange();
     }
 }
 
@@ -269,16 +288,20 @@ void MainWindow::changeTilePalette(const QUuid& paletteId)
         return;
     const QPointer<TileSet> tiles = project->tileSet(mDocumentController.activeTileSet());
     const QPointer<Palette> palette = project->palette(paletteId);
-    if (tiles && palette)
+    if (tiles && palette) {
         tiles->setPalette(palette);
+        mProjectController.noteChange();
+    }
 }
 
 void MainWindow::importZXFont(int index, int foreIndex, int backIndex, int offset, const QString& file)
 {
     const QPointer<Project> project = mProjectController.project();
     const QPointer<TileSet> tiles = project ? project->tileSet(mDocumentController.activeTileSet()) : nullptr;
-    if (tiles && !tiles->importZXFont(index, foreIndex, backIndex, offset, file))
-        showError(tr("Read error"));
+    if (!tiles)
+        return;
+    mProjectActions.showImportReport(::importZXFont(*tiles, index, foreIndex, backIndex, offset, file));
+    mProjectController.noteChange();
 }
 
 void MainWindow::showEvent(QShowEvent* event)

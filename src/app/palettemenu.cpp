@@ -1,12 +1,11 @@
 #include "app/palettemenu.h"
 
 #include "app/filechooser.h"
-#include "model/nximage.h"
+#include "interchange/paletteimport.h"
 #include "model/palette.h"
 #include "project/project.h"
 #include "ui/palettedialog.h"
 
-#include <QDebug>
 #include <QFileInfo>
 
 PaletteMenu::PaletteMenu(FileChooser* files, QWidget* parent)
@@ -46,22 +45,8 @@ void PaletteMenu::showImportDialog()
 
 void PaletteMenu::importAccepted(const QString& file)
 {
-    if (!project())
-        return;
-    const QPointer<Palette> palette = project()->createPalette(CreateAction::Blank, QFileInfo(file).baseName());
-    const QString suffix = QFileInfo(file).suffix().toLower();
-    if (suffix == "png" || suffix == "bmp") {
-        // A picture gives its colours, in order of first appearance.
-        NxImage picture;
-        if (!picture.load(file)) {
-            qWarning() << "Read error";
-            return;
-        }
-        palette->setColours(picture.colours());
-        return;
-    }
-    if (!palette->importData(file))
-        qWarning() << "Read error";
+    if (project())
+        showImportReport(importPalette(*project(), file));
 }
 
 void PaletteMenu::showExportDialog()

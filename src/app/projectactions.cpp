@@ -126,15 +126,29 @@ bool ProjectActions::deleteAsset(ProjectTree::ProjectNode node, const QUuid& id)
     return false;
 }
 
+void ProjectActions::refuseDelete(ProjectTree::ProjectNode node)
+{
+    const DeletionRefusal refusal = node == ProjectTree::Palette   ? DeletionRefusal::palette()
+                                    : node == ProjectTree::TileSet ? DeletionRefusal::tileSet()
+                                                                   : DeletionRefusal::blocks();
+    mRefusal->showMessage(refusal.title, refusal.title, refusal.message);
+}
+
 void ProjectActions::deleteItem(ProjectTree::ProjectNode node, const QUuid& id)
 {
-    if (!project())
+    const QPointer<Project> p = project();
+    if (!p)
+        return;
+    // What the guards refuse is refused before the question, so that the
+    // user is never asked about a delete that cannot happen.
+    if (p->inUse(id)) {
+        refuseDelete(node);
+        return;
+    }
+    if (!confirmDelete(tr("Delete \"%1\"? This cannot be undone.").arg(p->nameOf(id))))
         return;
     if (!deleteAsset(node, id)) {
-        const DeletionRefusal refusal = node == ProjectTree::Palette   ? DeletionRefusal::palette()
-                                        : node == ProjectTree::TileSet ? DeletionRefusal::tileSet()
-                                                                       : DeletionRefusal::blocks();
-        mRefusal->showMessage(refusal.title, refusal.title, refusal.message);
+        refuseDelete(node);
         return;
     }
     if (node == ProjectTree::Map || node == ProjectTree::Sprites || node == ProjectTree::Blocks
@@ -157,13 +171,21 @@ void ProjectActions::importMap(const QString& filePath)
     progress.setWindowModality(Qt::WindowModal);
     progress.setCancelButton(nullptr);
     progress.setMinimumDuration(200);
-    const QString failure = ::importMap(*p, filePath, [&progress](int value, int maximum) {
+    const ImportReport report = ::importMap(*p, filePath, [&progress](int value, int maximum) {
         progress.setMaximum(maximum);
         progress.setValue(value);
     });
     progress.reset();
-    if (failure.isEmpty())
+    showImportReport(report);
+}
+
+void ProjectActions::showImportReport(const ImportReport& report)
+{
+    QStringList lines = report.warnings;
+    if (!report.ok())
+        lines.prepend(report.error);
+    if (lines.isEmpty())
         return;
-    mImportMessage.setInformativeText(failure);
+    mImportMessage.setInformativeText(lines.join(QStringLiteral("\n\n")));
     mImportMessage.open();
 }

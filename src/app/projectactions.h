@@ -2,6 +2,7 @@
 #include "app/documentviews.h"
 #include "app/projecttree.h"
 #include "editors/sprite/spritedialog.h"
+#include "interchange/importreport.h"
 
 #include <QMessageBox>
 #include <QObject>
@@ -27,6 +28,13 @@ public:
     // The box that reports an import that did not go through.
     QMessageBox* importMessage() { return &mImportMessage; }
     MessageDialog* refusalDialog() const { return mRefusal; }
+    // Shows why an import was refused or what it left out, in the box above;
+    // a clean import shows nothing.
+    void showImportReport(const ImportReport& report);
+
+    // Asked before an asset is deleted, which cannot be undone; true goes on.
+    // Set by the window; a test answers without a box.
+    std::function<bool(const QString& question)> confirmDelete = [](const QString&) { return false; };
 
 public slots:
     void createTileSet(const QString& name, const QUuid& paletteId, int tileCount, bool hiRes);
@@ -45,6 +53,7 @@ signals:
 private:
     QPointer<Project> project() const;
     bool deleteAsset(ProjectTree::ProjectNode node, const QUuid& id);
+    void refuseDelete(ProjectTree::ProjectNode node);
 
     QWidget* mWindow;
     DocumentViews mViews;

@@ -1,10 +1,19 @@
 #include "app/projectcontroller.h"
 
+#include "model/image.h"
+#include "model/map.h"
+#include "model/mapobjects.h"
+#include "model/palette.h"
+#include "model/spritebank.h"
+#include "model/tileset.h"
 #include "project/project.h"
 
 ProjectController::ProjectController(QObject* parent)
     : QObject(parent)
 {
+    mModifiedCheck.setSingleShot(true);
+    mModifiedCheck.setInterval(0);
+    connect(&mModifiedCheck, &QTimer::timeout, this, [this] { setModified(mProject && hasUnsavedChanges()); });
 }
 
 ProjectController::~ProjectController()
@@ -26,6 +35,34 @@ void ProjectController::recordCleanPoint()
 {
     mCleanFingerprint = mStore.fingerprint();
     _markClean();
+    mModifiedCheck.stop();
+    setModified(false);
+}
+
+void ProjectController::noteChange()
+{
+    if (mProject)
+        mModifiedCheck.start();
+}
+
+void ProjectController::setModified(bool modified)
+{
+    if (modified == mModified)
+        return;
+    mModified = modified;
+    emit modifiedChanged(modified);
+}
+
+// New and copied assets take no undo step; they still change the project.
+void ProjectController::followProject(Project* project)
+{
+    connect(project, &Project::paletteCreated, this, &ProjectController::noteChange);
+    connect(project, &Project::tilesetCreated, this, &ProjectController::noteChange);
+    connect(project, &Project::blocksCreated, this, &ProjectController::noteChange);
+    connect(project, &Project::mapCreated, this, &ProjectController::noteChange);
+    connect(project, &Project::spritesCreated, this, &ProjectController::noteChange);
+    connect(project, &Project::imageCreated, this, &ProjectController::noteChange);
+    connect(project, &Project::tileSetsChanged, this, &ProjectController::noteChange);
 }
 
 bool ProjectController::confirmClose()
@@ -52,6 +89,8 @@ void ProjectController::close()
     emit projectClosing();
     mStore.closeProject();
     mProject = nullptr;
+    mModifiedCheck.stop();
+    setModified(false);
     emit projectClosed();
 }
 
@@ -65,6 +104,7 @@ void ProjectController::newProject(const QString& name)
         emit error(tr("Unable to create a new project"));
         return;
     }
+    followProject(mProject);
     emit projectOpened(mProject);
     recordCleanPoint();
 }
@@ -78,6 +118,7 @@ void ProjectController::openProject(const QString& filePath)
     mProject = mStore.create(QStringLiteral("loading..."), false);
     if (mStore.load(filePath)) {
         mProject = mStore.project();
+        followProject(mProject);
         emit projectOpened(mProject);
         emit recentFileAdded(filePath);
         recordCleanPoint();

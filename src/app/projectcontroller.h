@@ -3,6 +3,7 @@
 
 #include <QObject>
 #include <QPointer>
+#include <QTimer>
 #include <functional>
 
 class Project;
@@ -24,6 +25,8 @@ public:
 
     bool confirmClose();
     bool hasUnsavedChanges();
+    // The last answer of the check that noteChange schedules.
+    bool isModified() const { return mModified; }
 
     // Set by the window.
     std::function<bool()> _backupOnSave = [] { return true; };
@@ -44,6 +47,10 @@ public slots:
     void save();
     void saveAs();
     void close();
+    // Something may have changed the project; whether it now differs from
+    // the saved file is worked out once the event loop is idle, so that a
+    // burst of changes costs one check.
+    void noteChange();
 
 signals:
     void aboutToSave();
@@ -54,12 +61,18 @@ signals:
     void error(QString message);
     // A file to put at the front of the recent list.
     void recentFileAdded(QString filePath);
+    // The project came to differ from its file, or came back to it.
+    void modifiedChanged(bool modified);
 
 private:
     void recordCleanPoint();
     bool saved();
+    void setModified(bool modified);
+    void followProject(Project* project);
 
     ProjectStore mStore;
     QPointer<Project> mProject;
     QByteArray mCleanFingerprint;
+    QTimer mModifiedCheck;
+    bool mModified = false;
 };

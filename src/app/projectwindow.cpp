@@ -113,7 +113,15 @@ void ProjectWindow::itemEdited(QTreeWidgetItem* item, int)
     QUuid id;
     if (!mProject || !ProjectTree::assetOf(item, &node, &id))
         return;
-    const QString name = item->text(0);
+    // Trimmed and refused when empty, as the creation dialogs do; a refused
+    // row gets its name back.
+    const QString name = item->text(0).trimmed();
+    if (name.isEmpty() || name != item->text(0)) {
+        const QSignalBlocker blocker(mTree);
+        item->setText(0, name.isEmpty() ? mProject->nameOf(id) : name);
+        if (name.isEmpty())
+            return;
+    }
     bool renamed = false;
     switch (node) {
     case ProjectTree::Palette: renamed = rename(mProject->palette(id), name); break;

@@ -66,28 +66,22 @@ void SpriteMenu::importBinaryData(const QString& file)
 {
     if (!project())
         return;
-    const SpriteBank* bank = SpriteFile::import(*project(), file, SpriteFile::CreatePalette, nullptr);
-    if (!bank) {
-        showError(tr("Import Sprite Data"), tr("Read error"));
-        return;
-    }
-    emit import(file, bank->name(), bank->paletteId());
+    SpriteBank* bank = nullptr;
+    const ImportReport report = SpriteFile::import(*project(), file, SpriteFile::CreatePalette, nullptr, {}, &bank);
+    showImportReport(report);
+    if (bank)
+        emit import(file, bank->name(), bank->paletteId());
 }
 
 void SpriteMenu::importImage(const QString& file)
 {
     if (!project())
         return;
-    const QImage picture(file);
-    if (picture.isNull()) {
-        showError(tr("Import Sprite Data"), tr("Read error"));
-        return;
-    }
-    const QString name = QFileInfo(file).baseName();
-    const QPointer<Palette> palette = project()->createPalette(CreateAction::NewBlank, name);
-    const QPointer<SpriteBank> bank = project()->createSpriteBank(Tintorel::Sprite::EightBit, name, palette->id());
-    importSpritePicture(*bank, picture);
-    emit import(file, name, palette->id());
+    SpriteBank* bank = nullptr;
+    const ImportReport report = importSpriteSheet(*project(), file, &bank);
+    showImportReport(report);
+    if (bank)
+        emit import(file, bank->name(), bank->paletteId());
 }
 
 void SpriteMenu::displayExportFileDialog()

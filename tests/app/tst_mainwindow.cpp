@@ -114,6 +114,8 @@ void TestMainWindow::resetLayoutRestoresTheDefaultAfterChanges()
 {
     MainWindow window;
     verifyDefaultLayout(window);
+    QCoreApplication::processEvents();
+    const QByteArray firstStart = window.saveState();
     const LayoutController::Docks& d = window.layoutController()->docks();
     d.project->setFloating(true);
     d.tile->close();
@@ -125,6 +127,8 @@ void TestMainWindow::resetLayoutRestoresTheDefaultAfterChanges()
 
     window.menus()->viewMenu()->resetLayoutAction()->trigger();
     verifyDefaultLayout(window);
+    QCoreApplication::processEvents();
+    QCOMPARE(window.saveState(), firstStart); // sizes and raised tabs too
 }
 
 void TestMainWindow::statusBarFollowsViewMenu()

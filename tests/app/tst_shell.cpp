@@ -23,7 +23,8 @@ private slots:
     void projectMenusFollowTheProject();
     void recentListKeepsTen();
     void createSaveCloseReopen();
-    void refusedDeleteKeepsTheRow();
+    void deleteAsksFirst_data();
+    void deleteAsksFirst();
     void failedImportIsReported();
     void treeOpensAndRenames();
 
@@ -94,7 +95,7 @@ void TestShell::projectMenusFollowTheProject()
     QVERIFY(!newMap->isEnabled());
     window.menus()->fileMenu()->newAccepted("Game");
     QVERIFY(newMap->isEnabled());
-    QCOMPARE(window.windowTitle(), QStringLiteral("Tintorel - Game"));
+    QCOMPARE(window.windowTitle(), QStringLiteral("Tintorel - Game[*]"));
     QVERIFY(window.projectWindow()->isEnabled());
     window.projectController()->close();
     QVERIFY(!newMap->isEnabled());
@@ -131,12 +132,14 @@ void TestShell::createSaveCloseReopen()
     QSize size(8, 6);
     window.projectActions()->createMap("Level", project->tileSets().first()->id(), size);
     QVERIFY(window.projectController()->hasUnsavedChanges());
+    QTRY_VERIFY(window.isWindowModified());
     const QStringList rows = treeRows(window);
     QCOMPARE(rows, (QStringList { "Palettes/Forest", "Tile Sets/Forest", "Maps/Level" }));
 
     emit window.menus()->fileMenu()->saveProject();
     QVERIFY(QFile::exists(file));
     QVERIFY(!window.projectController()->hasUnsavedChanges());
+    QVERIFY(!window.isWindowModified());
     emit window.menus()->fileMenu()->closeProject();
     QVERIFY(!window.projectController()->project());
     QVERIFY(treeRows(window).isEmpty());
@@ -147,20 +150,48 @@ void TestShell::createSaveCloseReopen()
     QVERIFY(!window.projectController()->hasUnsavedChanges());
 }
 
-void TestShell::refusedDeleteKeepsTheRow()
+void TestShell::deleteAsksFirst_data()
 {
+    QTest::addColumn<int>("node");
+    QTest::addColumn<bool>("answer");
+    QTest::addColumn<QString>("question"); // empty: none is asked
+    QTest::addColumn<QString>("refusal");
+    QTest::addColumn<bool>("deleted");
+    QTest::newRow("refused by the user") << int(ProjectTree::Map) << false
+                                         << "Delete \"Level\"? This cannot be undone." << "" << false;
+    QTest::newRow("confirmed") << int(ProjectTree::Map) << true << "Delete \"Level\"? This cannot be undone." << ""
+                               << true;
+    QTest::newRow("in use: refused before the question")
+        << int(ProjectTree::Palette) << true << "" << "Palette In Use" << false;
+}
+
+void TestShell::deleteAsksFirst()
+{
+    QFETCH(int, node);
+    QFETCH(bool, answer);
+    QFETCH(QString, question);
+    QFETCH(QString, refusal);
+    QFETCH(bool, deleted);
     MainWindow window;
     window.menus()->fileMenu()->newAccepted("Game");
+    const QPointer<Project> project = window.projectController()->project();
     window.projectActions()->createTileSet("Forest", QUuid(), 4, false);
-    const QUuid palette = window.projectController()->project()->palettes().first()->id();
-    window.projectActions()->deleteItem(ProjectTree::Palette, palette);
-    QCOMPARE(window.projectActions()->refusalDialog()->windowTitle(), QStringLiteral("Palette In Use"));
-    QCOMPARE(window.projectActions()->refusalDialog()->message(),
-             QStringLiteral("You may not delete this palette; it is used by one or more sprites, tiles or images"));
-    QVERIFY(window.projectWindow()->tree()->findAsset(ProjectTree::Palette, palette));
-    const QUuid tiles = window.projectController()->project()->tileSets().first()->id();
-    window.projectActions()->deleteItem(ProjectTree::TileSet, tiles);
-    QVERIFY(!window.projectWindow()->tree()->findAsset(ProjectTree::TileSet, tiles));
+    QSize size(2, 2);
+    window.projectActions()->createMap("Level", project->tileSets().first()->id(), size);
+    const QUuid id = node == ProjectTree::Map ? project->maps().first()->id() : project->palettes().first()->id();
+    QStringList asked;
+    window.projectActions()->confirmDelete = [&](const QString& text) {
+        asked << text;
+        return answer;
+    };
+
+    window.projectActions()->deleteItem(ProjectTree::ProjectNode(node), id);
+    QCOMPARE(asked, question.isEmpty() ? QStringList() : QStringList { question });
+    QCOMPARE(window.projectActions()->refusalDialog()->isVisible(), !refusal.isEmpty());
+    if (!refusal.isEmpty())
+        QCOMPARE(window.projectActions()->refusalDialog()->windowTitle(), refusal);
+    QCOMPARE(project->nameOf(id).isEmpty(), deleted);
+    QCOMPARE(!window.projectWindow()->tree()->findAsset(ProjectTree::ProjectNode(node), id), deleted);
 }
 
 void TestShell::failedImportIsReported()
@@ -190,9 +221,12 @@ void TestShell::treeOpensAndRenames()
     QCOMPARE(opened.count(), 1);
     QCOMPARE(opened.at(0).at(0).toUuid(), zebra);
 
-    tree->findAsset(ProjectTree::Map, zebra)->setText(0, "Alpha");
+    tree->findAsset(ProjectTree::Map, zebra)->setText(0, " Alpha ");
     QCOMPARE(project->map(zebra)->name(), QStringLiteral("Alpha"));
     QCOMPARE(tree->group(ProjectTree::Map)->child(0)->text(0), QStringLiteral("Alpha"));
+    tree->findAsset(ProjectTree::Map, zebra)->setText(0, "  "); // an empty name is refused
+    QCOMPARE(project->map(zebra)->name(), QStringLiteral("Alpha"));
+    QCOMPARE(tree->findAsset(ProjectTree::Map, zebra)->text(0), QStringLiteral("Alpha"));
 }
 
 QTEST_MAIN(TestShell)
