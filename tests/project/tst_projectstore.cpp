@@ -136,6 +136,9 @@ void TestProjectStore::loadRefuses_data()
     QTest::newRow("not a zip") << "text" << "Invalid project file";
     QTest::newRow("zip without project.json") << "nojson" << "Invalid project file";
     QTest::newRow("newer format") << "newer" << "Project file is from a newer version of Tintorel";
+    QTest::newRow("garbled project.json") << "garbled"
+                                          << "Invalid project file: project.json does not parse (unterminated "
+                                             "array at line 1, column 11)";
 }
 
 void TestProjectStore::loadRefuses()
@@ -150,9 +153,13 @@ void TestProjectStore::loadRefuses()
     } else if (kind != "missing") {
         ZipFile zip;
         QVERIFY(zip.openWrite(file));
-        zip.write(kind == "newer" ? "project.json" : "other.json", "{\"formatVersion\": 3}");
+        const QByteArray document = kind == "garbled" ? "{\"maps\": [" : "{\"formatVersion\": 3}";
+        zip.write(kind == "nojson" ? "other.json" : "project.json", document);
         QVERIFY(zip.close());
     }
+    QFile before(file);
+    const QByteArray bytes = before.open(QIODevice::ReadOnly) ? before.readAll() : QByteArray();
+    before.close();
     ProjectStore store;
     store.create("loading...", false);
     QSignalSpy errors(&store, &ProjectStore::loadError);
@@ -161,6 +168,8 @@ void TestProjectStore::loadRefuses()
     QCOMPARE(errors.at(0).at(0).toString(), message);
     QVERIFY(!store.project());
     QVERIFY(store.filePath().isEmpty());
+    QFile after(file);
+    QCOMPARE(after.open(QIODevice::ReadOnly) ? after.readAll() : QByteArray(), bytes); // left as it was
 }
 
 void TestProjectStore::fingerprintIgnoresOpenTabs()
