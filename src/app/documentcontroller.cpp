@@ -2,6 +2,7 @@
 
 #include "app/documenttabview.h"
 #include "app/projectcontroller.h"
+#include "editors/palette/palettewindow.h"
 #include "history/editrecorder.h"
 #include "model/image.h"
 #include "model/map.h"
@@ -29,6 +30,12 @@ DocumentController::DocumentController(const DocumentViews& views, ProjectContro
         connect(tabs, &DocumentTabView::ImageEditorActivated, this, &DocumentController::setActiveImageEditor);
         connect(tabs, &DocumentTabView::ScratchEditorActivated, this, &DocumentController::scratchEditorActivated);
     }
+    // A colour edited in the dock is undone from the Edit menu like any other edit.
+    if (PaletteWindow* palettes = mViews.paletteWindow)
+        connect(palettes, &PaletteWindow::paletteChanged, this, [this] {
+            if (mProject && mProject->palette(mActivePalette))
+                mGroup.setActiveStack(stack(mActivePalette));
+        });
 }
 
 DocumentController::~DocumentController() = default;
@@ -124,6 +131,8 @@ void DocumentController::projectClosed()
         delete stack;
     mStacks.clear();
     mProject = nullptr;
+    if (mViews.paletteWindow)
+        mViews.paletteWindow->setPalette(nullptr);
     mActivePalette = QUuid();
     mActiveTileSet = QUuid();
 }
@@ -140,6 +149,8 @@ void DocumentController::setActivePalette(const QUuid& paletteId)
     if (!mProject || !mProject->palette(paletteId))
         return;
     mActivePalette = paletteId;
+    if (mViews.paletteWindow)
+        mViews.paletteWindow->setPalette(mProject->palette(paletteId));
     emit activePaletteChanged(paletteId);
 }
 
