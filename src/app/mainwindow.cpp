@@ -222,7 +222,9 @@ void MainWindow::connectProjectController()
 void MainWindow::projectOpened(Project* project)
 {
     setWindowTitle(QStringLiteral("%2 - %1[*]").arg(project->name(), applicationName()));
-    mProjectWindow.setEnabled(true);
+    // Each dock shows its placeholder until its editor has something to show.
+    for (QDockWidget* dock : docks())
+        dock->setEnabled(true);
     mProjectWindow.setProject(project);
     connect(project, qOverload<QString>(&Project::showMessage), statusBar(),
             [this](const QString& message) { statusBar()->showMessage(message, 2500); });
