@@ -173,6 +173,7 @@ void MainWindow::connectMenus()
     // What takes no undo step still changes the project; the title's marker follows.
     connect(&mDocumentController, &DocumentController::historyChanged, &mProjectController,
             &ProjectController::noteChange);
+    connect(&mMenuBar, &QMenuBar::triggered, &mProjectController, &ProjectController::noteChange);
     connect(&mProjectWindow, &ProjectWindow::assetRenamed, &mProjectController, &ProjectController::noteChange);
     connect(&mProjectActions, &ProjectActions::assetDeleted, &mProjectController, &ProjectController::noteChange);
     connect(&mProjectActions, &ProjectActions::assetDeleted, this,

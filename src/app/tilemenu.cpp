@@ -2,6 +2,8 @@
 
 #include "app/filechooser.h"
 #include "editors/block/tileanimationdialog.h"
+#include "editors/tile/exportdialog.h"
+#include "interchange/tilesetfile.h"
 #include "model/tileset.h"
 #include "project/project.h"
 #include "ui/importzxfontdialog.h"
@@ -15,6 +17,7 @@ TileMenu::TileMenu(FileChooser* files, QWidget* parent)
     : AssetMenu(tr("Tiles"), files, parent)
     , mNewTiles(new TileSetDialog(parent))
     , mBlocks(new TileAnimationDialog(parent))
+    , mExport(new TileEditor::ExportDialog(parent))
     , mFont(new ImportZXFontDialog(parent))
     , mPalettes(new PaletteSelectorDialog(parent))
 {
@@ -39,6 +42,7 @@ TileMenu::TileMenu(FileChooser* files, QWidget* parent)
 
     connect(mNewTiles, &TileSetDialog::accepted, this, &TileMenu::createTiles);
     connect(mBlocks, &TileAnimationDialog::accepted, this, &TileMenu::createBlocks);
+    connect(mExport, &TileEditor::ExportDialog::accepted, this, &TileMenu::exportAccepted);
     connect(mFont, &ImportZXFontDialog::accepted, this, &TileMenu::importZXFont);
     connect(mPalettes, &PaletteSelectorDialog::accepted, this, &TileMenu::swapPalette);
     setCurrentTileSet(QUuid());
@@ -94,23 +98,22 @@ void TileMenu::displayPaletteDialog()
 
 void TileMenu::displayExportDialog()
 {
-    if (!currentTileSet())
-        return;
-    const QString file =
-        files()->choose({ tr("Export Tiles"), { tr("Tile data (*.nxt)"), tr("Blocks (*.bin)") }, ".nxt", true });
-    if (!file.isEmpty())
-        exportAccepted(file);
+    if (const QPointer<TileSet> tiles = currentTileSet()) {
+        mExport->setTileCount(tiles->count());
+        mExport->open();
+    }
 }
 
-void TileMenu::exportAccepted(const QString& file)
+void TileMenu::exportAccepted(const QString& file, int first, int last, bool rotate)
 {
     const QPointer<TileSet> tiles = currentTileSet();
     if (!tiles) {
         qWarning() << "Null tileset";
         return;
     }
+    // The .nxt form holds the whole set; the range and the turn are the .bin form's.
     const bool bin = QFileInfo(file).suffix().toLower() == "bin";
-    if (!(bin ? tiles->exportBin(file, 1, tiles->count(), false) : tiles->exportNxt(file)))
+    if (!(bin ? tiles->exportBin(file, first, last, rotate) : tiles->exportNxt(file)))
         showError(tr("Save Error"), tr("Export failed!"));
 }
 
@@ -142,8 +145,9 @@ void TileMenu::displayImportDialog()
     if (!tiles)
         return;
     const QString file = files()->choose({ tr("Import Tiles"), { tr("Tile data (*.nxt)") }, {}, false });
-    if (!file.isEmpty() && !tiles->importNxt(file))
-        showError(tr("Import Tiles"), tr("Read error"));
-    else if (!file.isEmpty())
-        tiles->notifyImageChanged(0);
+    if (file.isEmpty())
+        return;
+    showImportReport(TileSetFile::readNxt(*tiles, file));
+    // The set's reader is silent; the editors and maps redraw from here.
+    tiles->notifyImageChanged(0);
 }

@@ -6,6 +6,9 @@
 class ImportZXFontDialog;
 class PaletteSelectorDialog;
 class TileAnimationDialog;
+namespace TileEditor {
+class ExportDialog;
+}
 class TileSet;
 class TileSetDialog;
 
@@ -18,6 +21,7 @@ public:
     TileMenu(FileChooser* files, QWidget* parent = nullptr);
 
     TileSetDialog* newTilesDialog() const { return mNewTiles; }
+    TileEditor::ExportDialog* exportDialog() const { return mExport; }
     QMenu* magnificationMenu() const { return mMagnification; }
     void setProject(QPointer<Project> project) override;
     // The tile set the tile window shows; the actions on a set need one.
@@ -29,7 +33,7 @@ public slots:
     void displayImportFontDialog();
     void displayAnimDialog();
     void displayExportDialog();
-    void exportAccepted(const QString& file);
+    void exportAccepted(const QString& file, int first, int last, bool rotate);
     void exportAttributesAccepted(const QString& file);
 
 signals:
@@ -47,6 +51,7 @@ private:
 
     TileSetDialog* mNewTiles;
     TileAnimationDialog* mBlocks;
+    TileEditor::ExportDialog* mExport;
     ImportZXFontDialog* mFont;
     PaletteSelectorDialog* mPalettes;
     QMenu* mMagnification;

@@ -1,6 +1,7 @@
 #include "interchange/mapimport.h"
 
 #include "interchange/imageslicer.h"
+#include "interchange/tilesetfile.h"
 #include "model/map.h"
 #include "model/palette.h"
 #include "model/tile.h"
@@ -40,10 +41,9 @@ QString checkNextTiles(const NextTilesFiles& files)
     const QString paletteLength = ImportText::paletteLength(files.nxp);
     if (!paletteLength.isEmpty())
         return ImportText::because(tr("Could not import the palette data"), paletteLength);
-    const qint64 tileBytes = QFileInfo(files.nxt).size();
-    if (tileBytes < Tile::PackedSize)
-        return ImportText::because(tr("Could not import the tile data"),
-                                   ImportText::tooShort(files.nxt, tileBytes, tr("tile"), Tile::PackedSize));
+    const QString tileProblem = TileSetFile::nxtProblem(files.nxt);
+    if (!tileProblem.isEmpty())
+        return ImportText::because(tr("Could not import the tile data"), tileProblem);
     const qint64 blockBytes = QFileInfo(files.nxb).size();
     if (blockBytes < BlockBytes)
         return ImportText::because(tr("Could not import the map data"),
@@ -82,17 +82,11 @@ ImportReport importNextTiles(Project& project, const QFileInfo& chosen)
     if (!palette->importData(files.nxp))
         return ImportReport::failure(tr("Could not import the palette data"));
     const QPointer<TileSet> tiles = project.createTileSet(base, palette->id(), ImportedTileCount, false);
-    if (!tiles->importNxt(files.nxt))
-        return ImportReport::failure(tr("Could not import the tile data"));
-    const qint64 tileBytes = QFileInfo(files.nxt).size();
-    const qint64 tilesInFile = tileBytes / Tile::PackedSize;
-    if (tileBytes % Tile::PackedSize)
-        report.warnings << ImportText::tail(files.nxt, tileBytes % Tile::PackedSize, tr("tile"));
-    if (tilesInFile > tiles->count())
-        report.warnings << tr("%1 holds %2 tiles; the tile set took the first %3")
-                               .arg(ImportText::file(files.nxt))
-                               .arg(tilesInFile)
-                               .arg(tiles->count());
+    const ImportReport tileReport = TileSetFile::readNxt(*tiles, files.nxt);
+    if (!tileReport.ok())
+        return tileReport;
+    report.warnings << tileReport.warnings;
+    const qint64 tilesInFile = QFileInfo(files.nxt).size() / Tile::PackedSize;
 
     const QPointer<Map> map = project.createMap(base, tiles->id(), QSize(1, 1));
     if (!map->importNextTiles(files.nxm, files.nxb))

@@ -3,6 +3,8 @@
 #include "model/tile.h"
 #include "model/tileset.h"
 
+#include <QCoreApplication>
+#include <QFileInfo>
 #include <QImage>
 
 namespace TileSetFile {
@@ -67,6 +69,35 @@ QByteArray attributesAsm(const TileSet& tiles)
             text += QLatin1Char('\n');
     }
     return text.toLatin1();
+}
+
+QString nxtProblem(const QString& path)
+{
+    const qint64 size = QFileInfo(path).size();
+    if (size >= Tile::PackedSize)
+        return {};
+    return ImportText::tooShort(path, size, QCoreApplication::translate("TileSetFile", "tile"), Tile::PackedSize);
+}
+
+ImportReport readNxt(TileSet& tiles, const QString& path)
+{
+    const QString message = QCoreApplication::translate("TileSetFile", "Could not import the tile data");
+    const QString problem = nxtProblem(path);
+    if (!problem.isEmpty())
+        return ImportReport::failure(ImportText::because(message, problem));
+    if (!tiles.importNxt(path))
+        return ImportReport::failure(message);
+    ImportReport report;
+    const qint64 size = QFileInfo(path).size();
+    if (size % Tile::PackedSize)
+        report.warnings << ImportText::tail(path, size % Tile::PackedSize,
+                                            QCoreApplication::translate("TileSetFile", "tile"));
+    if (size / Tile::PackedSize > tiles.count())
+        report.warnings << QCoreApplication::translate("TileSetFile", "%1 holds %2 tiles; the tile set took the first %3")
+                               .arg(ImportText::file(path))
+                               .arg(size / Tile::PackedSize)
+                               .arg(tiles.count());
+    return report;
 }
 
 } // namespace TileSetFile

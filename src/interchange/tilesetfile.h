@@ -1,4 +1,6 @@
 #pragma once
+#include "interchange/importreport.h"
+
 #include <QByteArray>
 
 class TileSet;
@@ -21,5 +23,12 @@ QByteArray attributes(const TileSet& tiles);
 // The attribute names as assembler constants, then the attributes of all
 // tiles in `db` lines of sixteen.
 QByteArray attributesAsm(const TileSet& tiles);
+
+// Why a .nxt cannot give even one tile, or an empty string when it can.
+QString nxtProblem(const QString& path);
+
+// Reads a .nxt into the set from tile 0 on: refused when the file holds no
+// whole tile, with warnings for a tail and for tiles past the set's count.
+ImportReport readNxt(TileSet& tiles, const QString& path);
 
 } // namespace TileSetFile
