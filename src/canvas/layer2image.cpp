@@ -12,6 +12,8 @@ Layer2Image::Layer2Image(const QSize& size, QObject* parent)
     : QObject(parent)
     , mImage(size, QImage::Format_Indexed8)
 {
+    if (mImage.isNull())
+        return; // an empty size: nothing to draw on, and no table to give
     mImage.setColorCount(256);
     mImage.setColor(0, qRgb(0, 0, 0));
     mImage.setColor(1, qRgb(255, 255, 255));
@@ -162,35 +164,37 @@ void Layer2Image::floodFill(const QPoint& seed, int index)
     if (target == index || !isColour(index))
         return;
 
-    // An explicit stack, so the region's size is not bounded by the call
-    // stack. Each pixel is painted as it is pushed, so it is pushed once.
+    // Span by span, from an explicit stack of seeds, so the region's size
+    // is not bounded by the call stack. A span reaches only the rows above
+    // and below within its own columns: the region is 4-connected.
     const int width = mImage.width();
     const int height = mImage.height();
-    const qsizetype stride = mImage.bytesPerLine();
-    uchar* bits = mImage.bits();
     const uchar from = uchar(target);
     const uchar to = uchar(index);
     QList<QPoint> stack;
-    stack.reserve(1024);
-    bits[seed.y() * stride + seed.x()] = to;
+    stack.reserve(256);
     stack.append(seed);
-    auto visit = [&](int x, int y) {
-        uchar& p = bits[y * stride + x];
-        if (p == from) {
-            p = to;
-            stack.append(QPoint(x, y));
-        }
-    };
     while (!stack.isEmpty()) {
         const QPoint p = stack.takeLast();
-        if (p.x() + 1 < width)
-            visit(p.x() + 1, p.y());
-        if (p.x() > 0)
-            visit(p.x() - 1, p.y());
-        if (p.y() + 1 < height)
-            visit(p.x(), p.y() + 1);
-        if (p.y() > 0)
-            visit(p.x(), p.y() - 1);
+        uchar* row = mImage.scanLine(p.y());
+        if (row[p.x()] != from)
+            continue; // reached already from another seed
+        int left = p.x();
+        while (left > 0 && row[left - 1] == from)
+            --left;
+        int right = p.x();
+        while (right + 1 < width && row[right + 1] == from)
+            ++right;
+        std::memset(row + left, to, size_t(right - left + 1));
+        for (const int y : { p.y() - 1, p.y() + 1 }) {
+            if (y < 0 || y >= height)
+                continue;
+            const uchar* next = mImage.constScanLine(y);
+            // One seed for each run of the target index under the span.
+            for (int x = left; x <= right; ++x)
+                if (next[x] == from && (x == left || next[x - 1] != from))
+                    stack.append(QPoint(x, y));
+        }
     }
 }
 
