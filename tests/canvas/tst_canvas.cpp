@@ -5,9 +5,7 @@
 #include "model/palette.h"
 
 #include <QApplication>
-#include <QClipboard>
 #include <QMenu>
-#include <QMimeData>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QtTest>
@@ -36,6 +34,13 @@ void hover(Canvas& canvas, const QPoint& pixel)
     QApplication::sendEvent(&canvas, &event);
 }
 
+void setPixel(Canvas& canvas, const QPoint& pixel, int index)
+{
+    QImage image = canvas.image();
+    image.setPixel(pixel, index);
+    canvas.setImage(image);
+}
+
 int changedPixels(const QImage& a, const QImage& b)
 {
     int changed = 0;
@@ -45,7 +50,7 @@ int changedPixels(const QImage& a, const QImage& b)
     return changed;
 }
 
-// The names of the canvas's signals in the order they came.
+// The canvas's edit signals in the order they came, with the last edit.
 struct SignalLog
 {
     explicit SignalLog(Canvas& canvas)
@@ -54,17 +59,17 @@ struct SignalLog
         QObject::connect(&canvas, &Canvas::edited, [this](const QString& text, const QImage& b, const QImage& a, int k) {
             names << "edited";
             texts << text;
-            before = b;
-            after = a;
+            changed = changedPixels(b, a);
             kind = k;
         });
     }
     QStringList names;
     QStringList texts;
-    QImage before;
-    QImage after;
+    int changed = 0;
     int kind = 0;
 };
+
+const QStringList Edit = { "imageChanged", "edited" };
 
 } // namespace
 
@@ -79,11 +84,10 @@ private slots:
     void shapeClickSetsOnePixel();
     void dragPreviewsOnlyFromInside_data();
     void dragPreviewsOnlyFromInside();
-    void strokeIsOneEdit();
-    void strokeOutsideImageReportsNothing();
-    void fillWithBothButtonsEndsInPaper();
-    void fillOnSameIndexLeavesNoEdit();
-    void indexOfTheSameColourIsAnEdit();
+    void drawStroke_data();
+    void drawStroke();
+    void fill_data();
+    void fill();
     void pickOnRelease_data();
     void pickOnRelease();
     void oneShotEdits_data();
@@ -91,17 +95,14 @@ private slots:
     void fourQuarterTurnsAreFourEdits();
     void moveOnOnePixelWideLeavesNoEdit();
     void unknownModeOnlyLogs();
+    void remapOnlyForFourBitImages();
     void zoomSteps_data();
     void zoomSteps();
     void wheel();
-    void keysScrollAndResizeResets();
+    void scrolling();
     void doubleHeight();
-    void scrollBarsDriveCrossedSlots();
-    void inkBeyondTable();
-    void remapOnlyForFourBitImages();
     void selectionLeavesFarCornerOut();
-    void contextMenuCutErasesCopyDoesNot();
-    void rightClickOpensMenuAndKeepsBand();
+    void contextMenu();
 
 private:
     Palette mPalette;
@@ -122,7 +123,6 @@ void TestCanvas::init()
 void TestCanvas::cleanup()
 {
     delete mCanvas;
-    mCanvas = nullptr;
 }
 
 void TestCanvas::shapeClickSetsOnePixel_data()
@@ -150,10 +150,10 @@ void TestCanvas::shapeClickSetsOnePixel()
     SignalLog log(*mCanvas);
     QTest::mouseClick(mCanvas, button, {}, screenOf(*mCanvas, QPoint(3, 2)));
 
-    QCOMPARE(log.names, QStringList({ "imageChanged", "edited" }));
+    QCOMPARE(log.names, Edit);
     QCOMPARE(log.texts, QStringList { text });
     QCOMPARE(log.kind, -1);
-    QCOMPARE(changedPixels(log.before, log.after), 1);
+    QCOMPARE(log.changed, 1);
     QCOMPARE(mCanvas->image().pixelIndex(3, 2), 7);
 }
 
@@ -183,80 +183,73 @@ void TestCanvas::dragPreviewsOnlyFromInside()
 
     QTest::mouseRelease(mCanvas, Qt::LeftButton, {}, screenOf(*mCanvas, QPoint(5, 2)));
     QCOMPARE(log.texts, QStringList { "Line" });
-    QCOMPARE(changedPixels(start, mCanvas->image()), 6); // columns 0 to 5; the margin takes nothing
-    QCOMPARE(mCanvas->image().pixelIndex(0, 2), 255);
+    QCOMPARE(log.changed, 6); // columns 0 to 5; the margin takes nothing
 }
 
-void TestCanvas::strokeIsOneEdit()
+void TestCanvas::drawStroke_data()
 {
+    QTest::addColumn<QPolygon>("path");
+    QTest::addColumn<int>("changed");
+    QTest::newRow("inside: one edit") << QPolygon({ { 1, 1 }, { 2, 1 }, { 3, 1 }, { 4, 1 } }) << 4;
+    QTest::newRow("over the edge: what is inside") << QPolygon({ { 6, 1 }, { 7, 1 }, { 8, 1 }, { 9, 2 } }) << 2;
+    QTest::newRow("outside: no edit") << QPolygon({ { -1, 0 }, { -1, 3 }, { -2, -2 } }) << 0;
+}
+
+void TestCanvas::drawStroke()
+{
+    QFETCH(QPolygon, path);
+    QFETCH(int, changed);
     mCanvas->setPaper(9);
     SignalLog log(*mCanvas);
-    hover(*mCanvas, QPoint(1, 1));
-    QTest::mousePress(mCanvas, Qt::RightButton, {}, screenOf(*mCanvas, QPoint(1, 1)));
-    for (int x = 2; x <= 4; ++x)
-        QTest::mouseMove(mCanvas, screenOf(*mCanvas, QPoint(x, 1)));
-    QTest::mouseRelease(mCanvas, Qt::RightButton, {}, screenOf(*mCanvas, QPoint(4, 1)));
+    hover(*mCanvas, path.first());
+    QTest::mousePress(mCanvas, Qt::RightButton, {}, screenOf(*mCanvas, path.first()));
+    for (const QPoint& pixel : path)
+        QTest::mouseMove(mCanvas, screenOf(*mCanvas, pixel));
+    QTest::mouseRelease(mCanvas, Qt::RightButton, {}, screenOf(*mCanvas, path.last()));
 
-    QCOMPARE(log.names, QStringList({ "imageChanged", "edited" }));
-    QCOMPARE(log.texts, QStringList { "Draw" });
-    QCOMPARE(changedPixels(log.before, log.after), 4);
-    QCOMPARE(mCanvas->image().pixelIndex(1, 1), 9);
-    QCOMPARE(mCanvas->image().pixelIndex(4, 1), 9);
+    QCOMPARE(log.names, changed ? Edit : QStringList { "imageChanged" });
+    QCOMPARE(log.texts, changed ? QStringList { "Draw" } : QStringList());
+    QCOMPARE(log.changed, changed);
 }
 
-void TestCanvas::strokeOutsideImageReportsNothing()
+void TestCanvas::fill_data()
 {
-    SignalLog log(*mCanvas);
-    const QImage start = mCanvas->image();
-    hover(*mCanvas, QPoint(-1, 0));
-    QTest::mousePress(mCanvas, Qt::LeftButton, {}, screenOf(*mCanvas, QPoint(-1, 0)));
-    QTest::mouseMove(mCanvas, screenOf(*mCanvas, QPoint(-1, 3)));
-    QTest::mouseMove(mCanvas, QPoint(1, 1));
-    QTest::mouseRelease(mCanvas, Qt::LeftButton, {}, QPoint(1, 1));
-    QCOMPARE(log.names, QStringList { "imageChanged" });
-    QVERIFY(sameIndexedPixels(mCanvas->image(), start));
+    QTest::addColumn<bool>("withRight");
+    QTest::addColumn<int>("ink");
+    QTest::addColumn<bool>("oneColour");
+    QTest::addColumn<int>("result");
+    QTest::newRow("left fills with ink") << false << 5 << false << 5;
+    QTest::newRow("both buttons end in paper") << true << 5 << false << 9;
+    QTest::newRow("the index already there: no edit") << false << 0 << false << 0;
+    QTest::newRow("another index of the same colour is an edit") << false << 5 << true << 5;
 }
 
-void TestCanvas::fillWithBothButtonsEndsInPaper()
+void TestCanvas::fill()
 {
+    QFETCH(bool, withRight);
+    QFETCH(int, ink);
+    QFETCH(bool, oneColour);
+    QFETCH(int, result);
+    Palette red;
+    red.fill(Qt::red, false);
+    if (oneColour)
+        mCanvas->setPalette(&red);
     mCanvas->setMode(ToolButton::Fill, true);
-    mCanvas->setInk(5);
+    mCanvas->setInk(ink);
     mCanvas->setPaper(9);
     SignalLog log(*mCanvas);
     const QPoint at = screenOf(*mCanvas, QPoint(2, 2));
     hover(*mCanvas, QPoint(2, 2));
     QTest::mousePress(mCanvas, Qt::LeftButton, {}, at);
-    QTest::mousePress(mCanvas, Qt::RightButton, {}, at);
-    QTest::mouseRelease(mCanvas, Qt::RightButton, {}, at);
-    QTest::mouseRelease(mCanvas, Qt::LeftButton, {}, at); // the gesture is over already
+    if (withRight) {
+        QTest::mousePress(mCanvas, Qt::RightButton, {}, at);
+        QTest::mouseRelease(mCanvas, Qt::RightButton, {}, at);
+    }
+    QTest::mouseRelease(mCanvas, Qt::LeftButton, {}, at); // ends nothing more after the right one
 
-    QCOMPARE(log.names, QStringList({ "imageChanged", "edited" }));
-    QCOMPARE(log.texts, QStringList { "Fill" });
-    QCOMPARE(changedPixels(log.before, log.after), 48);
-    QCOMPARE(mCanvas->image().pixelIndex(7, 5), 9);
-}
-
-void TestCanvas::fillOnSameIndexLeavesNoEdit()
-{
-    mCanvas->setMode(ToolButton::Fill, true);
-    mCanvas->setInk(0);
-    SignalLog log(*mCanvas);
-    hover(*mCanvas, QPoint(2, 2));
-    QTest::mouseClick(mCanvas, Qt::LeftButton, {}, screenOf(*mCanvas, QPoint(2, 2)));
-    QCOMPARE(log.names, QStringList { "imageChanged" });
-}
-
-void TestCanvas::indexOfTheSameColourIsAnEdit()
-{
-    Palette red;
-    red.fill(Qt::red, false);
-    mCanvas->setPalette(&red);
-    mCanvas->setMode(ToolButton::Fill, true);
-    mCanvas->setInk(5);
-    QSignalSpy edits(mCanvas, &Canvas::edited);
-    hover(*mCanvas, QPoint(2, 2));
-    QTest::mouseClick(mCanvas, Qt::LeftButton, {}, screenOf(*mCanvas, QPoint(2, 2)));
-    QCOMPARE(edits.count(), 1);
+    QCOMPARE(log.names, result ? Edit : QStringList { "imageChanged" });
+    QCOMPARE(log.changed, result ? 48 : 0);
+    QCOMPARE(mCanvas->image().pixelIndex(7, 5), result);
     mCanvas->setPalette(&mPalette);
 }
 
@@ -264,34 +257,30 @@ void TestCanvas::pickOnRelease_data()
 {
     QTest::addColumn<QPoint>("pixel");
     QTest::addColumn<Qt::MouseButton>("button");
-    QTest::addColumn<int>("foreground");
-    QTest::addColumn<int>("background");
-    QTest::newRow("left picks ink") << QPoint(3, 4) << Qt::LeftButton << 42 << -1;
-    QTest::newRow("right picks paper") << QPoint(3, 4) << Qt::RightButton << -1 << 42;
-    QTest::newRow("margin picks nothing") << QPoint(8, 4) << Qt::LeftButton << -1 << -1;
+    QTest::addColumn<int>("inks");
+    QTest::addColumn<int>("papers");
+    QTest::newRow("left picks ink") << QPoint(3, 4) << Qt::LeftButton << 1 << 0;
+    QTest::newRow("right picks paper") << QPoint(3, 4) << Qt::RightButton << 0 << 1;
+    QTest::newRow("the margin picks nothing") << QPoint(8, 4) << Qt::LeftButton << 0 << 0;
 }
 
 void TestCanvas::pickOnRelease()
 {
     QFETCH(QPoint, pixel);
     QFETCH(Qt::MouseButton, button);
-    QFETCH(int, foreground);
-    QFETCH(int, background);
-    QImage image = mCanvas->image();
-    image.setPixel(3, 4, 42);
-    mCanvas->setImage(image);
+    QFETCH(int, inks);
+    QFETCH(int, papers);
+    setPixel(*mCanvas, QPoint(3, 4), 42);
     mCanvas->setMode(ToolButton::Pick, true);
-    QSignalSpy inks(mCanvas, &Canvas::foregroundPicked);
-    QSignalSpy papers(mCanvas, &Canvas::backgroundPicked);
+    QSignalSpy inkSpy(mCanvas, &Canvas::foregroundPicked);
+    QSignalSpy paperSpy(mCanvas, &Canvas::backgroundPicked);
     hover(*mCanvas, pixel);
     QTest::mouseClick(mCanvas, button, {}, screenOf(*mCanvas, pixel));
 
-    QCOMPARE(inks.count(), foreground < 0 ? 0 : 1);
-    QCOMPARE(papers.count(), background < 0 ? 0 : 1);
-    if (foreground >= 0)
-        QCOMPARE(inks.first().first().toInt(), foreground);
-    if (background >= 0)
-        QCOMPARE(mCanvas->paper(), background);
+    QCOMPARE(inkSpy.count(), inks);
+    QCOMPARE(paperSpy.count(), papers);
+    QCOMPARE(mCanvas->ink(), inks ? 42 : 1);
+    QCOMPARE(mCanvas->paper(), papers ? 42 : 0);
 }
 
 void TestCanvas::oneShotEdits_data()
@@ -317,14 +306,12 @@ void TestCanvas::oneShotEdits()
     QFETCH(int, kind);
     QFETCH(QPoint, movedTo);
     Canvas canvas(QSize(4, 4));
-    QImage image = canvas.image();
-    image.setPixel(0, 0, 3);
-    canvas.setImage(image);
+    setPixel(canvas, QPoint(0, 0), 3);
     canvas.selectAll();
     SignalLog log(canvas);
     canvas.setMode(button, false);
 
-    QCOMPARE(log.names, QStringList({ "imageChanged", "edited" }));
+    QCOMPARE(log.names, Edit);
     QCOMPARE(log.texts, QStringList { text });
     QCOMPARE(log.kind, kind);
     QCOMPARE(canvas.image().pixelIndex(movedTo), 3);
@@ -334,25 +321,22 @@ void TestCanvas::oneShotEdits()
 
 void TestCanvas::fourQuarterTurnsAreFourEdits()
 {
-    auto* square = new Canvas(QSize(4, 4));
-    QImage image = square->image();
+    Canvas square(QSize(4, 4));
+    QImage image = square.image();
     for (int i = 0; i < 16; ++i)
         image.setPixel(i % 4, i / 4, i);
-    square->setImage(image);
-    QSignalSpy edits(square, &Canvas::edited);
+    square.setImage(image);
+    QSignalSpy edits(&square, &Canvas::edited);
     for (int i = 0; i < 4; ++i)
-        square->setMode(ToolButton::RotateCW, false);
+        square.setMode(ToolButton::RotateCW, false);
     QCOMPARE(edits.count(), 4);
-    QVERIFY(sameIndexedPixels(square->image(), image));
-    delete square;
+    QVERIFY(sameIndexedPixels(square.image(), image));
 }
 
 void TestCanvas::moveOnOnePixelWideLeavesNoEdit()
 {
     Canvas narrow(QSize(1, 4));
-    QImage image = narrow.image();
-    image.setPixel(0, 2, 5);
-    narrow.setImage(image);
+    setPixel(narrow, QPoint(0, 2), 5);
     SignalLog log(narrow);
     narrow.setMode(ToolButton::MoveLeft, false);
     QCOMPARE(log.names, QStringList { "imageChanged" });
@@ -361,12 +345,27 @@ void TestCanvas::moveOnOnePixelWideLeavesNoEdit()
 void TestCanvas::unknownModeOnlyLogs()
 {
     mCanvas->selectAll();
-    SignalLog log(*mCanvas);
     QTest::ignoreMessage(QtInfoMsg, "PaintCanvas::setMode(Tintorel::Ui::CircleFill)");
     mCanvas->setMode(ToolButton::CircleFill, true);
     QCOMPARE(mCanvas->mode(), ToolButton::Draw);
-    QVERIFY(log.names.isEmpty());
     QVERIFY(!mCanvas->selection().isVisible());
+}
+
+void TestCanvas::remapOnlyForFourBitImages()
+{
+    setPixel(*mCanvas, QPoint(1, 1), 0x3A);
+    mCanvas->setInk(0x05);
+    SignalLog log(*mCanvas);
+    mCanvas->remap(3);
+    QCOMPARE(mCanvas->image().pixelIndex(1, 1), 0x3A);
+    mCanvas->setImageType(int(Tintorel::Ui::ImageType::Offset16));
+    mCanvas->remap(3);
+    QCOMPARE(mCanvas->image().pixelIndex(1, 1), 0x2A);
+    QCOMPARE(mCanvas->ink(), 0x25);
+    mCanvas->remap(0); // wraps to the last bank
+    QCOMPARE(mCanvas->image().pixelIndex(0, 0), 0xF0);
+    QCOMPARE(mCanvas->layer().paper(), 0xF0);
+    QVERIFY(log.names.isEmpty()); // the editors record this change themselves
 }
 
 void TestCanvas::zoomSteps_data()
@@ -378,8 +377,8 @@ void TestCanvas::zoomSteps_data()
     QTest::newRow("1 stays 1") << 1 << ToolButton::ZoomOut << 1;
     QTest::newRow("2 down gives 1") << 2 << ToolButton::ZoomOut << 1;
     QTest::newRow("1 up gives 3") << 1 << ToolButton::ZoomIn << 3;
-    QTest::newRow("level clamped up to 1") << -5 << ToolButton::Draw << 1;
-    QTest::newRow("level clamped down to 64") << 99 << ToolButton::Draw << 64;
+    QTest::newRow("level held up to 1") << -5 << ToolButton::Draw << 1;
+    QTest::newRow("level held down to 64") << 99 << ToolButton::Draw << 64;
 }
 
 void TestCanvas::zoomSteps()
@@ -404,7 +403,7 @@ void TestCanvas::wheel()
     QVERIFY(!send(QPoint(2, 2), QPoint(0, 120))); // the margin is left alone
     QCOMPARE(mCanvas->zoom(), Zoom);
 
-    // The modifier comes from the application's keyboard state.
+    // Control is read from the application's keyboard state.
     QTest::keyPress(mCanvas, Qt::Key_Control, Qt::ControlModifier);
     QVERIFY(send(screenOf(*mCanvas, QPoint(1, 1)), QPoint(0, 120)));
     QCOMPARE(mCanvas->zoom(), Zoom + 2);
@@ -413,31 +412,35 @@ void TestCanvas::wheel()
     QTest::keyRelease(mCanvas, Qt::Key_Control, Qt::NoModifier);
 }
 
-void TestCanvas::keysScrollAndResizeResets()
+void TestCanvas::scrolling()
 {
-    Canvas canvas(QSize(64, 64));
-    canvas.resize(160, 160); // ten cells of sixteen
-    canvas.show();
-    QSignalSpy positions(&canvas, &Canvas::scrollPositionChanged);
-    auto key = [&canvas](Qt::Key code, Qt::KeyboardModifiers modifiers = {}) {
+    ScrollCanvas scroll(QSize(64, 32));
+    Canvas* canvas = scroll.canvas();
+    scroll.resize(200, 200);
+    scroll.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&scroll));
+    QVERIFY(scroll.horizontalScrollBar()->isVisible());
+    auto key = [canvas](Qt::Key code, Qt::KeyboardModifiers modifiers = {}) {
         QKeyEvent event(QEvent::ShortcutOverride, code, modifiers);
-        QVERIFY(!canvas.handleKey(&event));
+        QVERIFY(!canvas->handleKey(&event));
     };
-    key(Qt::Key_Right);
-    key(Qt::Key_Right);
-    key(Qt::Key_Down);
-    key(Qt::Key_Left, Qt::ShiftModifier); // modified keys are the editors'
-    QCOMPARE(canvas.scrollOffset(), QPoint(2, 1));
-    QCOMPARE(positions.count(), 3);
-    for (int i = 0; i < 60; ++i)
-        key(Qt::Key_Right);
-    QCOMPARE(canvas.scrollOffset(), QPoint(54, 1)); // 64 less the 10 that show
-    key(Qt::Key_Up);
-    key(Qt::Key_Up);
-    QCOMPARE(canvas.scrollOffset(), QPoint(54, 0));
 
-    canvas.resize(2000, 2000);
-    QCOMPARE(canvas.scrollOffset(), QPoint(0, 0));
+    // The crossed slots: the vertical bar moves the rows.
+    scroll.verticalScrollBar()->setValue(3);
+    scroll.horizontalScrollBar()->setValue(5);
+    QCOMPARE(canvas->scrollOffset(), QPoint(5, 3));
+    key(Qt::Key_Right);
+    key(Qt::Key_Up);
+    key(Qt::Key_Left, Qt::ShiftModifier); // modified keys are the editors'
+    QCOMPARE(canvas->scrollOffset(), QPoint(6, 2));
+    QCOMPARE(scroll.horizontalScrollBar()->value(), 6);
+    for (int i = 0; i < 99; ++i)
+        key(Qt::Key_Right);
+    QCOMPARE(canvas->scrollOffset().x(), 64 - canvas->imageArea().width() / Zoom);
+
+    scroll.resize(2000, 2000);
+    QCOMPARE(canvas->scrollOffset(), QPoint(0, 0));
+    QVERIFY(!scroll.horizontalScrollBar()->isVisible());
 }
 
 void TestCanvas::doubleHeight()
@@ -448,7 +451,7 @@ void TestCanvas::doubleHeight()
     QSignalSpy amounts(&canvas, &Canvas::scrollValuesChanged);
     canvas.resize(32, 32); // all 8 columns, 4 double rows
     canvas.show();
-    QCOMPARE(canvas.imageArea().size(), QSize(32, 32));
+    QCOMPARE(canvas.imageArea(), QRect(0, 0, 32, 32));
     QCOMPARE(canvas.pixelAt(QPointF(0, 15)), QPoint(0, 1)); // a pair of screen rows is one pixel
     // The bar's maximum counts single rows, the keyboard's clamp double ones.
     QCOMPARE(amounts.last(), (QVariantList { 0, 0 }));
@@ -457,60 +460,9 @@ void TestCanvas::doubleHeight()
         canvas.handleKey(&down);
     QCOMPARE(canvas.scrollOffset(), QPoint(0, 4));
 
-    canvas.selectAll();
-    QCOMPARE(canvas.selection().pixels(), QRect(0, 4, 8, 4));
     canvas.resize(64, 128);
     canvas.selectAll();
     QCOMPARE(canvas.selection().pixels(), QRect(0, 0, 8, 8));
-}
-
-void TestCanvas::scrollBarsDriveCrossedSlots()
-{
-    ScrollCanvas scroll(QSize(64, 32));
-    scroll.resize(200, 200);
-    scroll.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&scroll));
-    QVERIFY(scroll.horizontalScrollBar()->isVisible());
-    QVERIFY(scroll.verticalScrollBar()->isVisible());
-    scroll.verticalScrollBar()->setValue(3);
-    scroll.horizontalScrollBar()->setValue(5);
-    QCOMPARE(scroll.canvas()->scrollOffset(), QPoint(5, 3));
-
-    QKeyEvent right(QEvent::ShortcutOverride, Qt::Key_Right, Qt::NoModifier);
-    scroll.canvas()->handleKey(&right);
-    QCOMPARE(scroll.horizontalScrollBar()->value(), 6);
-
-    scroll.updateScrollAmounts(0, 4);
-    QVERIFY(!scroll.horizontalScrollBar()->isVisible());
-    QCOMPARE(scroll.verticalScrollBar()->maximum(), 4);
-}
-
-void TestCanvas::inkBeyondTable()
-{
-    mCanvas->setInk(256);
-    QCOMPARE(mCanvas->ink(), 256);
-    QCOMPARE(mCanvas->layer().ink(), 256);
-    mCanvas->setInk(257);
-    QCOMPARE(mCanvas->ink(), 257);
-    QCOMPARE(mCanvas->layer().ink(), 256);
-}
-
-void TestCanvas::remapOnlyForFourBitImages()
-{
-    QImage image = mCanvas->image();
-    image.setPixel(1, 1, 0x13);
-    mCanvas->setImage(image);
-    mCanvas->setInk(0x05);
-    SignalLog log(*mCanvas);
-    mCanvas->remap(3);
-    QCOMPARE(mCanvas->image().pixelIndex(1, 1), 0x13);
-
-    mCanvas->setImageType(int(Tintorel::Ui::ImageType::Offset16));
-    mCanvas->remap(3);
-    QCOMPARE(mCanvas->image().pixelIndex(1, 1), 0x23);
-    QCOMPARE(mCanvas->image().pixelIndex(0, 0), 0x20);
-    QCOMPARE(mCanvas->ink(), 0x25);
-    QVERIFY(log.names.isEmpty()); // the editors record this change themselves
 }
 
 void TestCanvas::selectionLeavesFarCornerOut()
@@ -520,59 +472,53 @@ void TestCanvas::selectionLeavesFarCornerOut()
     QTest::mouseMove(mCanvas, screenOf(*mCanvas, QPoint(4, 3)));
     QTest::mouseRelease(mCanvas, Qt::LeftButton, {}, screenOf(*mCanvas, QPoint(4, 3)));
     QCOMPARE(mCanvas->selection().band().width(), 3 * Zoom + 1);
-    QCOMPARE(mCanvas->selection().pixels(), QRect(1, 1, 3, 2));
     QCOMPARE(mCanvas->selectedImage().size(), QSize(3, 2));
-    QCOMPARE(mCanvas->selection().anchor(), QPoint(-1, -1));
+    QCOMPARE(mCanvas->selection().pixels(), QRect(1, 1, 3, 2));
 
     // Within one cell: an empty selection, and no picture at all.
-    QTest::mousePress(mCanvas, Qt::LeftButton, {}, screenOf(*mCanvas, QPoint(2, 2)));
-    QTest::mouseRelease(mCanvas, Qt::LeftButton, {}, screenOf(*mCanvas, QPoint(2, 2)) + QPoint(3, 3));
-    QVERIFY(mCanvas->selection().pixels().isEmpty());
+    QTest::mouseClick(mCanvas, Qt::LeftButton, {}, screenOf(*mCanvas, QPoint(2, 2)));
+    QVERIFY(mCanvas->selection().isVisible());
     QVERIFY(mCanvas->selectedImage().isNull());
-
     mCanvas->selectNone();
     QCOMPARE(mCanvas->selectedImage().size(), QSize(8, 6));
 }
 
-void TestCanvas::contextMenuCutErasesCopyDoesNot()
-{
-    QImage image = mCanvas->image();
-    image.fill(4);
-    mCanvas->setImage(image);
-    mCanvas->setPaper(2);
-    QMenu* menu = mCanvas->findChild<QMenu*>();
-    QVERIFY(menu);
-    auto action = [menu](const QString& text) {
-        for (QAction* a : menu->actions())
-            if (a->text() == text)
-                return a;
-        return static_cast<QAction*>(nullptr);
-    };
-    mCanvas->selectAll();
-    SignalLog log(*mCanvas);
-    action("Copy")->trigger();
-    QVERIFY(log.names.isEmpty());
-    action("Cut")->trigger();
-    QCOMPARE(log.names, QStringList({ "imageChanged", "edited", "imageChanged" }));
-    QCOMPARE(log.texts, QStringList { "Erase" });
-    QCOMPARE(mCanvas->image().pixelIndex(7, 5), 2);
-}
-
-void TestCanvas::rightClickOpensMenuAndKeepsBand()
+void TestCanvas::contextMenu()
 {
     mCanvas->setMode(ToolButton::Select, true);
     mCanvas->selectAll();
+    mCanvas->setPaper(2);
     const QRect band = mCanvas->selection().band();
+    SignalLog log(*mCanvas);
     QStringList texts;
-    QTimer::singleShot(0, this, [&texts] {
-        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-        QVERIFY(menu);
-        for (QAction* a : menu->actions())
-            texts << (a->isSeparator() ? "-" : a->text());
+    bool shown = false;
+    // Closes the blocking menu; a local timer, so that it cannot outlive the test.
+    QTimer closer;
+    closer.setSingleShot(true);
+    connect(&closer, &QTimer::timeout, this, [this, &texts, &shown] {
+        auto* menu = mCanvas->findChild<QMenu*>();
+        shown = menu->isVisible();
         menu->close();
+        for (QAction* action : menu->actions())
+            texts << (action->isSeparator() ? "-" : action->text());
     });
+    closer.start(0);
     QTest::mouseClick(mCanvas, Qt::RightButton, {}, screenOf(*mCanvas, QPoint(2, 2)));
+    QVERIFY(shown);
     QCOMPARE(texts, QStringList({ "Cut", "Copy", "Paste", "-", "Select All", "Select None", "-", "Erase", "Fill" }));
+    // The items call the clipboard directly; only "Cut" erases.
+    auto item = [this](const QString& text) {
+        for (QAction* action : mCanvas->findChild<QMenu*>()->actions())
+            if (action->text() == text)
+                action->trigger();
+    };
+    item("Copy");
+    QVERIFY(log.names.isEmpty());
+    item("Cut");
+    QCOMPARE(log.names, QStringList({ "imageChanged", "edited", "imageChanged" }));
+    QCOMPARE(log.texts, QStringList { "Erase" });
+    QCOMPARE(mCanvas->image().pixelIndex(7, 5), 2);
+    // A right click keeps the band, though it moves the anchor.
     QCOMPARE(mCanvas->selection().band(), band);
     QCOMPARE(mCanvas->selection().anchor(), screenOf(*mCanvas, QPoint(2, 2)));
 }

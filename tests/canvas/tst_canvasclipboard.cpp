@@ -39,7 +39,6 @@ private slots:
     void payloadReadsBackFieldByField();
     void pasteRefused_data();
     void pasteRefused();
-    void pasteCarriesIndicesToAnotherPalette();
     void pasteWiderThanImageKeepsCentre();
 
 private:
@@ -90,7 +89,6 @@ void TestCanvasClipboard::pasteRefused_data()
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<QString>("text");
     QTest::newRow("plain text") << QString() << QByteArray() << "hello";
-    QTest::newRow("canvas format, no data") << "tintorel/canvas-anim" << QByteArray() << QString();
     QByteArray broken;
     QDataStream(&broken, QIODevice::WriteOnly) << qint32(0) << qint32(3) << QUuid::createUuid() << qint32(7);
     QTest::newRow("canvas format, no picture") << "tintorel/canvas-anim" << broken << QString();
@@ -115,25 +113,6 @@ void TestCanvasClipboard::pasteRefused()
     QCOMPARE(pastes.count(), 0);
     QCOMPARE(canvas.mode(), ToolButton::Line);
     QCOMPARE(canvas.clipboard()->imageType(), int(Tintorel::Ui::ImageType::Undefined));
-}
-
-void TestCanvasClipboard::pasteCarriesIndicesToAnotherPalette()
-{
-    Canvas from(QSize(4, 4));
-    from.setPalette(&mSource);
-    from.setImage(counting(QSize(4, 4), 0));
-    from.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&from));
-    from.selectAll();
-    from.copy();
-
-    Canvas to(QSize(4, 4));
-    to.setPalette(&mTarget);
-    QTest::ignoreMessage(QtInfoMsg, "Pasting to image with different palette");
-    to.setMode(ToolButton::Paste, false);
-    QCOMPARE(to.mode(), ToolButton::Paste);
-    QCOMPARE(to.clipboard()->imageType(), int(Tintorel::Ui::ImageType::Full256));
-    QVERIFY(sameIndexedPixels(to.clipboard()->image(), from.image()));
 }
 
 void TestCanvasClipboard::pasteWiderThanImageKeepsCentre()
