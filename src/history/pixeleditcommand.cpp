@@ -1,5 +1,7 @@
 #include "history/pixeleditcommand.h"
 
+#include "model/indexedpixels.h"
+
 PixelEditCommand::PixelEditCommand(const QString& text, QObject* target, Kind kind, const QImage& before,
                                    const QImage& after, Apply apply, const QVariant& mergeKey, QUndoCommand* parent)
     : QUndoCommand(text, parent)
@@ -37,6 +39,6 @@ bool PixelEditCommand::mergeWith(const QUndoCommand* other)
         || next->mMergeKey != mMergeKey)
         return false;
     mAfter = next->mAfter;
-    setObsolete(mBefore == mAfter);
+    setObsolete(sameIndexedPixels(mBefore, mAfter));
     return true;
 }

@@ -2,6 +2,7 @@
 
 #include "interchange/binaryfile.h"
 #include "interchange/spritefile.h"
+#include "model/indexedpixels.h"
 #include "model/nximage.h"
 #include "model/palette.h"
 #include "model/spriteanim.h"
@@ -50,7 +51,7 @@ void copyRow(const QImage& from, int fromRow, QImage& to, int toRow)
 
 bool SpriteBank::State::operator==(const State& other) const
 {
-    return offsets == other.offsets && image == other.image && animations == other.animations;
+    return offsets == other.offsets && sameIndexedPixels(image, other.image) && animations == other.animations;
 }
 
 SpriteBank::SpriteBank(Tintorel::Sprite depth, QObject* parent)

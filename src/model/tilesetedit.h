@@ -1,4 +1,6 @@
 #pragma once
+#include "model/indexedpixels.h"
+
 #include <QImage>
 #include <QList>
 
@@ -14,7 +16,7 @@ struct TileRecord
     bool operator==(const TileRecord& other) const
     {
         return offset == other.offset && attributes == other.attributes
-            && value == other.value && image == other.image;
+            && value == other.value && sameIndexedPixels(image, other.image);
     }
     bool operator!=(const TileRecord& other) const { return !(*this == other); }
 };
