@@ -3,6 +3,9 @@
 #include "app/documenttabview.h"
 #include "app/projectcontroller.h"
 #include "editors/palette/palettewindow.h"
+#include "editors/tile/tilepickergrid.h"
+#include "editors/tile/tilepickertool.h"
+#include "editors/tile/tilewindow.h"
 #include "history/editrecorder.h"
 #include "model/image.h"
 #include "model/map.h"
@@ -30,6 +33,7 @@ DocumentController::DocumentController(const DocumentViews& views, ProjectContro
         connect(tabs, &DocumentTabView::ImageEditorActivated, this, &DocumentController::setActiveImageEditor);
         connect(tabs, &DocumentTabView::ScratchEditorActivated, this, &DocumentController::scratchEditorActivated);
     }
+    connectTileEditor(projects);
     // A colour edited in the dock is undone from the Edit menu like any other edit.
     if (PaletteWindow* palettes = mViews.paletteWindow)
         connect(palettes, &PaletteWindow::paletteChanged, this, [this] {
@@ -39,6 +43,34 @@ DocumentController::DocumentController(const DocumentViews& views, ProjectContro
 }
 
 DocumentController::~DocumentController() = default;
+
+// The tile editor and the tile list show the active tile set, and the same
+// tile; an edit in either goes to the set's stack, which becomes the one
+// that Edit → Undo works on.
+void DocumentController::connectTileEditor(ProjectController* projects)
+{
+    const auto tileStack = [this]() -> QUndoStack* {
+        if (!mProject || !mProject->tileSet(mActiveTileSet))
+            return nullptr;
+        QUndoStack* tiles = stack(mActiveTileSet);
+        mGroup.setActiveStack(tiles);
+        return tiles;
+    };
+    TileWindow* window = mViews.tileWindow;
+    TilePickerTool* picker = mViews.tilePicker;
+    if (window) {
+        window->setUndoStackProvider(tileStack);
+        connect(window, &TileWindow::tileEdited, projects, &ProjectController::noteChange);
+    }
+    if (picker)
+        picker->setUndoStackProvider(tileStack);
+    if (!window || !picker)
+        return;
+    connect(picker, &TilePickerTool::selectedTileChanged, window, [window](int index) { window->setTileIndex(index + 1); });
+    connect(picker, &TilePickerTool::tileDoubleClicked, window, &TileWindow::setTileIndex);
+    connect(window, &TileWindow::tileNumberChanged, picker->grid(),
+            [picker](int number) { picker->grid()->setSelectedIndex(number - 1); });
+}
 
 QUndoStack* DocumentController::stack(const QUuid& id)
 {
@@ -133,6 +165,10 @@ void DocumentController::projectClosed()
     mProject = nullptr;
     if (mViews.paletteWindow)
         mViews.paletteWindow->setPalette(nullptr);
+    if (mViews.tileWindow)
+        mViews.tileWindow->setTileSet(nullptr);
+    if (mViews.tilePicker)
+        mViews.tilePicker->setTileSet(nullptr);
     mActivePalette = QUuid();
     mActiveTileSet = QUuid();
 }
@@ -160,6 +196,14 @@ void DocumentController::setActiveTileSet(const QUuid& tileSetId)
         return;
     mActiveTileSet = tileSetId;
     mGroup.setActiveStack(stack(tileSetId));
+    const QPointer<TileSet> tiles = mProject->tileSet(tileSetId);
+    // The list first, so that the window's tile becomes its selection.
+    if (mViews.tilePicker)
+        mViews.tilePicker->setTileSet(tiles);
+    if (mViews.tileWindow)
+        mViews.tileWindow->setTileSet(tiles);
+    // The Palette Editor follows, so that the colours being painted are the ones it edits.
+    setActivePalette(tiles->paletteId());
     emit activeTileSetChanged(tileSetId);
 }
 

@@ -58,6 +58,7 @@ signals:
     void historyChanged();
 
 private:
+    void connectTileEditor(ProjectController* projects);
     void projectOpened(Project* project);
     void projectClosed();
     void trackAll(Project& project);

@@ -8,6 +8,7 @@
 #include "app/spritemenu.h"
 #include "app/tilemenu.h"
 #include "app/viewmenu.h"
+#include "editors/tile/tilepickergrid.h"
 #include "interchange/fontimport.h"
 #include "model/image.h"
 #include "model/palette.h"
@@ -38,6 +39,7 @@ QString droppedFile(const QMimeData* mime)
 MainWindow::MainWindow(QWidget* parent)
     : QMainWindow(parent)
     , mMenuBar(this)
+    , mEditRouter(mMenuBar.editMenu())
     , mMessageDialog(this)
     , mSaveDialog(this, tr("Save project"), QString(), tr("Project file (*.tintorel)"))
     , mViews { &mTabView,         &mProjectWindow,    &mPaletteWindow, &mTileWindow, &mSpriteWindow,
@@ -120,6 +122,7 @@ void MainWindow::connectMenus()
     connect(tiles, &TileMenu::importZXFont, this, &MainWindow::importZXFont);
     connect(tiles, &TileMenu::nextTile, this, &MainWindow::nextTile);
     connect(tiles, &TileMenu::previousTile, this, &MainWindow::previousTile);
+    tiles->magnificationMenu()->addActions(mTilePicker.magnifications());
 
     SpriteMenu* sprites = mMenuBar.spriteMenu();
     connect(sprites, &SpriteMenu::create, &mProjectActions, &ProjectActions::createSprites);
@@ -265,10 +268,25 @@ void MainWindow::messageChanged(const QString& message)
     statusBar()->showMessage(QStringLiteral("%1 [%2]").arg(mProjectController.project()->name(), path));
 }
 
-// The tile window's editor arrives with the tile editor; until then there is
-// no current tile to step from.
-void MainWindow::nextTile() {}
-void MainWindow::previousTile() {}
+// Stepping past either end leaves the selection where it is.
+void MainWindow::nextTile()
+{
+    const QPointer<TileSet> tiles = mTileWindow.tileSet();
+    if (!tiles)
+        return;
+    const int index = qMin(mTileWindow.tileNumber(), tiles->count() - 1);
+    mTileWindow.setTileIndex(index + 1);
+    mTilePicker.grid()->setSelectedIndex(index);
+}
+
+void MainWindow::previousTile()
+{
+    if (!mTileWindow.tileSet())
+        return;
+    const int index = qMax(mTileWindow.tileNumber() - 2, 0);
+    mTileWindow.setTileIndex(index + 1);
+    mTilePicker.grid()->setSelectedIndex(index);
+}
 
 void MainWindow::changeSpritePalette(const QUuid& paletteId)
 {
@@ -292,7 +310,11 @@ void MainWindow::changeTilePalette(const QUuid& paletteId)
     const QPointer<TileSet> tiles = project->tileSet(mDocumentController.activeTileSet());
     const QPointer<Palette> palette = project->palette(paletteId);
     if (tiles && palette) {
-        tiles->setPalette(palette);
+        if (mTileWindow.tileSet() == tiles)
+            mTileWindow.setPalette(palette);
+        else
+            tiles->setPalette(palette);
+        mDocumentController.setActivePalette(paletteId);
         mProjectController.noteChange();
     }
 }
@@ -314,6 +336,7 @@ void MainWindow::showEvent(QShowEvent* event)
         mPreferences = mAppState.loadPreferences();
         mLayout.restoreWindow(mAppState.windowState(), mAppState.windowGeometry());
         mMenuBar.fileMenu()->setRecent(mAppState.recent());
+        mTilePicker.setZoom(mAppState.tileZoom());
         mMenuBar.files()->setLastPath(mAppState.lastPath());
         mFirstShow = false;
         mMenuBar.viewMenu()->setChecked(ViewMenu::StatusBar, statusBar()->isVisible());
@@ -331,6 +354,7 @@ void MainWindow::closeEvent(QCloseEvent* event)
     mAppState.setWindowState(mLayout.windowState());
     mAppState.setWindowGeometry(mLayout.windowGeometry());
     mAppState.setRecent(mMenuBar.fileMenu()->recent());
+    mAppState.setTileZoom(mTilePicker.zoom());
     mAppState.setLastPath(mMenuBar.files()->lastPath());
     mAppState.save();
     mAppState.savePreferences(mPreferences);

@@ -3,6 +3,7 @@
 #include "app/documentcontroller.h"
 #include "app/documenttabview.h"
 #include "app/documentviews.h"
+#include "app/editrouter.h"
 #include "app/layoutcontroller.h"
 #include "app/menubar.h"
 #include "app/projectactions.h"
@@ -79,6 +80,7 @@ private:
     DocumentTabView mTabView;
     QLabel mStatusLabel;
     MenuBar mMenuBar;
+    EditRouter mEditRouter;
     ProjectController mProjectController;
     AppState mAppState;
     bool mFirstShow = true;

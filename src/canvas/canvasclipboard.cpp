@@ -42,22 +42,48 @@ CanvasClipboard::CanvasClipboard(Canvas* canvas)
 {
 }
 
-void CanvasClipboard::copyToClipboard()
+QMimeData* CanvasClipboard::encode(const Clip& clip)
 {
-    const QImage image = mCanvas->selectedImage();
-    const QPointer<Palette> palette = mCanvas->colourPalette();
-
     // Two ints, the palette id, then the PNG to the end of the data; PNG
     // keeps palette indices, so the pixels arrive as they left.
     QByteArray payload;
     QDataStream stream(&payload, QIODevice::WriteOnly);
-    stream << qint32(mCanvas->reserved()) << qint32(mCanvas->imageType()) << (palette ? palette->id() : QUuid());
-    image.save(stream.device(), "png", -1);
+    stream << qint32(clip.reserved) << qint32(clip.imageType) << clip.paletteId;
+    clip.image.save(stream.device(), "png", -1);
 
     auto* data = new QMimeData;
     data->setData(MimeType, payload);
-    data->setImageData(image); // for other programs
-    QGuiApplication::clipboard()->setMimeData(data, QClipboard::Clipboard);
+    data->setImageData(clip.image); // for other programs
+    return data;
+}
+
+bool CanvasClipboard::decode(const QMimeData* data, Clip* clip)
+{
+    if (!data || !data->hasFormat(MimeType))
+        return false;
+    const QByteArray payload = data->data(MimeType);
+    if (payload.isEmpty())
+        return false;
+    QDataStream stream(payload);
+    Clip read;
+    qint32 reserved = 0;
+    qint32 imageType = 0;
+    stream >> reserved >> imageType >> read.paletteId;
+    if (stream.status() != QDataStream::Ok || !read.image.load(stream.device(), "png"))
+        return false;
+    read.reserved = reserved;
+    read.imageType = imageType;
+    read.image = indexed(read.image);
+    *clip = read;
+    return true;
+}
+
+void CanvasClipboard::copyToClipboard()
+{
+    const QPointer<Palette> palette = mCanvas->colourPalette();
+    const Clip clip { mCanvas->reserved(), int(mCanvas->imageType()), palette ? palette->id() : QUuid(),
+                      mCanvas->selectedImage() };
+    QGuiApplication::clipboard()->setMimeData(encode(clip), QClipboard::Clipboard);
 
     // The context menu's "Cut" item calls this slot directly; the canvas
     // erases the selection when told so.
@@ -67,26 +93,12 @@ void CanvasClipboard::copyToClipboard()
 
 bool CanvasClipboard::pasteFromClipboard()
 {
-    const QMimeData* data = QGuiApplication::clipboard()->mimeData(QClipboard::Clipboard);
-    if (!data || !data->hasFormat(MimeType))
+    Clip clip;
+    if (!decode(QGuiApplication::clipboard()->mimeData(QClipboard::Clipboard), &clip))
         return false;
-    const QByteArray payload = data->data(MimeType);
-    if (payload.isEmpty())
-        return false;
-
-    QDataStream stream(payload);
-    qint32 reserved = 0;
-    qint32 imageType = 0;
-    QUuid paletteId;
-    stream >> reserved >> imageType >> paletteId;
-    QImage image;
-    if (stream.status() != QDataStream::Ok || !image.load(stream.device(), "png"))
-        return false;
-    image = indexed(image);
-
-    mReserved = reserved;
-    mImageType = imageType;
-    mImage = image;
-    emit pasted(paletteId);
+    mReserved = clip.reserved;
+    mImageType = clip.imageType;
+    mImage = clip.image;
+    emit pasted(clip.paletteId);
     return true;
 }

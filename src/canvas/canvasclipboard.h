@@ -5,6 +5,7 @@
 #include <QUuid>
 
 class Canvas;
+class QMimeData;
 
 // Carries an indexed picture, with its image type and palette id, between
 // canvases through the system clipboard as "tintorel/canvas-anim". The clip
@@ -14,6 +15,21 @@ class CanvasClipboard : public QObject
     Q_OBJECT
 public:
     static const QString MimeType;
+
+    // What the payload carries.
+    struct Clip
+    {
+        int reserved = 0;
+        int imageType = 4;
+        QUuid paletteId;
+        QImage image;
+    };
+    // The payload and, for other programs, the plain picture; the caller
+    // owns the result, as the system clipboard does once it is set.
+    static QMimeData* encode(const Clip& clip);
+    // False, with `clip` untouched, for data that holds no canvas payload
+    // or a picture that does not load.
+    static bool decode(const QMimeData* data, Clip* clip);
 
     // `canvas` is also the parent.
     explicit CanvasClipboard(Canvas* canvas);

@@ -6,7 +6,10 @@
 class EditTarget
 {
 public:
+    // The canvas's kinds of edit: pixel moves of one picture merge into one
+    // step, every other edit stands alone.
+    enum CanvasKind { Painted = -1, Moved = 1 };
+
     virtual ~EditTarget() = default;
-    virtual void pushEdit(const QString& text, const QImage& before, const QImage& after,
-                          PixelEditCommand::Kind kind) = 0;
+    virtual void pushEdit(const QString& text, const QImage& before, const QImage& after, int canvasKind) = 0;
 };

@@ -41,6 +41,17 @@ QImage Tile::blankImage(const QList<QRgb>& colourTable)
     return image;
 }
 
+QImage Tile::fourBit(const QImage& image)
+{
+    QImage result = tileShaped(image);
+    for (int y = 0; y < Size; ++y) {
+        uchar* row = result.scanLine(y);
+        for (int x = 0; x < Size; ++x)
+            row[x] &= 0x0F;
+    }
+    return result;
+}
+
 void Tile::setImage(const QImage& image)
 {
     mImage = tileShaped(image);

@@ -33,6 +33,10 @@ public:
 
     // An 8 x 8 Indexed8 picture of index 0; an empty table means 256 opaque blacks.
     static QImage blankImage(const QList<QRgb>& colourTable = {});
+    // The picture with only the low four bits of each pixel, the part that a
+    // tile keeps: an editor that shows a tile in its bank writes it back so,
+    // and a stroke that changed no pixel writes back the very same bytes.
+    static QImage fourBit(const QImage& image);
 
     QImage image() const { return mImage; }
     void setImage(const QImage& image);

@@ -45,7 +45,7 @@ void TilePickerGrid::buildMenu()
                 act(mMenuIndex);
         });
     };
-    onTile(tr("Clear"), [this](int index) { mTileSet->clearImage(index); });
+    onTile(tr("Clear"), [this](int index) { emit clearRequested(index); });
     onTile(tr("Copy Image"), [this](int index) { emit copyImageRequested(index); });
     onTile(tr("Paste Image"), [this](int index) { emit pasteImageRequested(index); });
     onTile(tr("Insert"), [this](int index) { mTileSet->insertTile(index); });

@@ -43,7 +43,8 @@ signals:
     // 1-based, the form the tile window takes.
     void itemDoubleClicked(int index);
     void zoomChanged(int level);
-    // Copy Image and Paste Image of the menu, at this 0-based tile.
+    // Clear, Copy Image and Paste Image of the menu, at this 0-based tile.
+    void clearRequested(int index);
     void copyImageRequested(int index);
     void pasteImageRequested(int index);
 

@@ -2,8 +2,10 @@
 #include "ui/dockwidget.h"
 
 #include <QPointer>
+#include <functional>
 
 class QLabel;
+class QUndoStack;
 class TilePickerGrid;
 class TileSet;
 
@@ -21,6 +23,13 @@ public:
     int zoom() const;
     void setZoom(int level);
     QList<QAction*> magnifications() const;
+    // The stack of the tile set's document, for the menu's picture edits.
+    void setUndoStackProvider(std::function<QUndoStack*()> provider);
+    // The tile's picture, in its bank, to the clipboard as the canvas
+    // carries pictures, and a picture from it into the tile (0-based).
+    void copyImage(int index);
+    void pasteImage(int index);
+    void clearImage(int index);
 
 signals:
     // 1-based, from a double click.
@@ -30,8 +39,11 @@ signals:
 
 private:
     void updateStatus();
+    // One undo step for a change of one tile's picture.
+    void editTile(int index, const QString& text, const std::function<void()>& change);
 
     TilePickerGrid* mGrid;
     QLabel* mStatus;
     QPointer<TileSet> mTileSet;
+    std::function<QUndoStack*()> mStackProvider;
 };
