@@ -79,10 +79,11 @@ QWidget* TileWindow::build()
     auto* inner = new QWidget;
     inner->setObjectName(QStringLiteral("tileWidget"));
     auto* layout = new QVBoxLayout(inner);
+    // The colours above the canvas, where they stay in sight when the dock is short.
     layout->addLayout(numbers);
+    layout->addWidget(mColours);
     layout->addWidget(mCanvas, 0, Qt::AlignHCenter);
     layout->addWidget(mTools);
-    layout->addWidget(mColours);
     layout->addWidget(group(tr("Palette Editor"), mPaletteEditor));
     layout->addWidget(group(tr("Attributes"), mSheet));
     layout->addStretch();
