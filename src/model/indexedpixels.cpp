@@ -19,3 +19,16 @@ bool sameIndexedPixels(const QImage& a, const QImage& b)
             return false;
     return true;
 }
+
+QImage lowNibbles(const QImage& image)
+{
+    if (image.format() != QImage::Format_Indexed8)
+        return image;
+    QImage result = image.copy();
+    for (int y = 0; y < result.height(); ++y) {
+        uchar* row = result.scanLine(y);
+        for (int x = 0; x < result.width(); ++x)
+            row[x] &= 0x0F;
+    }
+    return result;
+}

@@ -1,5 +1,6 @@
 #include "model/tile.h"
 
+#include "model/indexedpixels.h"
 #include "model/transform.h"
 
 #include <QColor>
@@ -43,13 +44,7 @@ QImage Tile::blankImage(const QList<QRgb>& colourTable)
 
 QImage Tile::fourBit(const QImage& image)
 {
-    QImage result = tileShaped(image);
-    for (int y = 0; y < Size; ++y) {
-        uchar* row = result.scanLine(y);
-        for (int x = 0; x < Size; ++x)
-            row[x] &= 0x0F;
-    }
-    return result;
+    return lowNibbles(tileShaped(image));
 }
 
 void Tile::setImage(const QImage& image)

@@ -12,6 +12,14 @@ ColourPalette::ColourPalette(Mode mode, QWidget* parent)
     setFixedSize(sizeHint());
 }
 
+void ColourPalette::setMode(Mode mode)
+{
+    mMode = mode;
+    mBank = 0;
+    setFixedSize(sizeHint());
+    update();
+}
+
 QSize ColourPalette::sizeHint() const
 {
     const int rows = cellCount() / columns();

@@ -16,6 +16,8 @@ public:
     explicit ColourPalette(Mode mode, QWidget* parent = nullptr);
 
     Mode mode() const { return mMode; }
+    // A 4-bit and an 8-bit sprite bank share one picker.
+    void setMode(Mode mode);
     // The widget's own palette stays reachable beside the colour table's.
     using QWidget::setPalette;
     int primaryIndex() const { return mPrimary; }

@@ -50,6 +50,12 @@ ColourSelector::ColourSelector(int mode, QWidget* parent)
     updateSwatches();
 }
 
+void ColourSelector::setMode(int mode)
+{
+    mPicker->setMode(ColourPalette::Mode(mode));
+    updateSwatches();
+}
+
 void ColourSelector::setOffset(int offset)
 {
     mPicker->setOffset(offset);

@@ -17,6 +17,8 @@ public:
     explicit ColourSelector(int mode, QWidget* parent = nullptr);
 
     ColourPalette* picker() const { return mPicker; }
+    // ColourPalette::Mode: 0 all entries, 1 one bank.
+    void setMode(int mode);
     // The widget's own palette stays reachable beside the colour table's.
     using QWidget::setPalette;
 
