@@ -1,9 +1,11 @@
 #include "app/documentcontroller.h"
 
 #include "app/documenttabview.h"
+#include "app/editorwiring.h"
 #include "app/projectcontroller.h"
 #include "editors/palette/palettewindow.h"
-#include "editors/tile/tilepickergrid.h"
+#include "editors/block/blockselectorwindow.h"
+#include "editors/sprite/spritewindow.h"
 #include "editors/tile/tilepickertool.h"
 #include "editors/tile/tilewindow.h"
 #include "history/editrecorder.h"
@@ -33,7 +35,7 @@ DocumentController::DocumentController(const DocumentViews& views, ProjectContro
         connect(tabs, &DocumentTabView::ImageEditorActivated, this, &DocumentController::setActiveImageEditor);
         connect(tabs, &DocumentTabView::ScratchEditorActivated, this, &DocumentController::scratchEditorActivated);
     }
-    connectTileEditor(projects);
+    new EditorWiring(this, mViews, projects);
     // A colour edited in the dock is undone from the Edit menu like any other edit.
     if (PaletteWindow* palettes = mViews.paletteWindow)
         connect(palettes, &PaletteWindow::paletteChanged, this, [this] {
@@ -43,34 +45,6 @@ DocumentController::DocumentController(const DocumentViews& views, ProjectContro
 }
 
 DocumentController::~DocumentController() = default;
-
-// The tile editor and the tile list show the active tile set, and the same
-// tile; an edit in either goes to the set's stack, which becomes the one
-// that Edit → Undo works on.
-void DocumentController::connectTileEditor(ProjectController* projects)
-{
-    const auto tileStack = [this]() -> QUndoStack* {
-        if (!mProject || !mProject->tileSet(mActiveTileSet))
-            return nullptr;
-        QUndoStack* tiles = stack(mActiveTileSet);
-        mGroup.setActiveStack(tiles);
-        return tiles;
-    };
-    TileWindow* window = mViews.tileWindow;
-    TilePickerTool* picker = mViews.tilePicker;
-    if (window) {
-        window->setUndoStackProvider(tileStack);
-        connect(window, &TileWindow::tileEdited, projects, &ProjectController::noteChange);
-    }
-    if (picker)
-        picker->setUndoStackProvider(tileStack);
-    if (!window || !picker)
-        return;
-    connect(picker, &TilePickerTool::selectedTileChanged, window, [window](int index) { window->setTileIndex(index + 1); });
-    connect(picker, &TilePickerTool::tileDoubleClicked, window, &TileWindow::setTileIndex);
-    connect(window, &TileWindow::tileNumberChanged, picker->grid(),
-            [picker](int number) { picker->grid()->setSelectedIndex(number - 1); });
-}
 
 QUndoStack* DocumentController::stack(const QUuid& id)
 {
@@ -142,6 +116,8 @@ void DocumentController::projectOpened(Project* project)
     mRecorder = std::make_unique<EditRecorder>([this](const QUuid& id) { return stack(id); });
     trackAll(*project);
     stack(QUuid()); // the scratch image's
+    if (mViews.blockSelector)
+        mViews.blockSelector->setProject(project);
     const QStringList documents = project->openDocuments();
     for (const QString& text : documents) {
         const QUuid id = QUuid::fromString(text);
@@ -169,6 +145,10 @@ void DocumentController::projectClosed()
         mViews.tileWindow->setTileSet(nullptr);
     if (mViews.tilePicker)
         mViews.tilePicker->setTileSet(nullptr);
+    if (mViews.spriteWindow)
+        mViews.spriteWindow->setSprites(nullptr);
+    if (mViews.blockSelector)
+        mViews.blockSelector->setProject(nullptr);
     mActivePalette = QUuid();
     mActiveTileSet = QUuid();
 }
@@ -219,14 +199,26 @@ void DocumentController::setActiveSpriteEditor(const QUuid& spriteBankId)
 {
     if (const QPointer<SpriteBank> bank = mProject ? mProject->spriteBank(spriteBankId) : nullptr) {
         activate(DocumentTabView::SpriteDocument, spriteBankId, bank->name());
+        if (mViews.spriteWindow)
+            mViews.spriteWindow->setSprites(bank);
+        setActivePalette(bank->paletteId());
         emit activeSpritesChanged(spriteBankId);
     }
 }
 
 void DocumentController::setActiveBlockEditor(const QUuid& blocksId)
 {
-    if (const QPointer<MapObjects> blocks = mProject ? mProject->blocks(blocksId) : nullptr)
-        activate(DocumentTabView::BlockDocument, blocksId, blocks->name());
+    const QPointer<MapObjects> blocks = mProject ? mProject->blocks(blocksId) : nullptr;
+    if (!blocks)
+        return;
+    activate(DocumentTabView::BlockDocument, blocksId, blocks->name());
+    if (mViews.blockSelector)
+        mViews.blockSelector->setBlocks(blocks);
+    // Blocks are built from the tiles of their set, dragged from the tile list.
+    const QUuid tiles = blocks->tileSetId();
+    if (mProject->tileSet(tiles) && tiles != mActiveTileSet)
+        setActiveTileSet(tiles);
+    mGroup.setActiveStack(stack(blocksId));
 }
 
 void DocumentController::setActiveImageEditor(const QUuid& imageId)

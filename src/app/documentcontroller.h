@@ -36,6 +36,7 @@ public:
     // Before a save: the open tabs, first to last, into the project.
     void collectOpenDocuments();
 
+    QPointer<Project> project() const { return mProject; }
     QUuid activePalette() const { return mActivePalette; }
     QUuid activeTileSet() const { return mActiveTileSet; }
 
@@ -58,7 +59,6 @@ signals:
     void historyChanged();
 
 private:
-    void connectTileEditor(ProjectController* projects);
     void projectOpened(Project* project);
     void projectClosed();
     void trackAll(Project& project);

@@ -296,8 +296,12 @@ void MainWindow::changeSpritePalette(const QUuid& paletteId)
     const QPointer<SpriteBank> bank = project->spriteBank(mMenuBar.spriteMenu()->currentBankId());
     const QPointer<Palette> palette = project->palette(paletteId);
     if (bank && palette) {
+        if (mSpriteWindow.sprites() == bank)
+            mSpriteWindow.setSpritePalette(palette);
+        else
+            bank->setPalette(palette);
         bank->setPaletteId(paletteId);
-        bank->setPalette(palette);
+        mDocumentController.setActivePalette(paletteId);
         mProjectController.noteChange();
     }
 }

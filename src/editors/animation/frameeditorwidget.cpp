@@ -51,15 +51,21 @@ void FrameEditorWidget::setAnimation(Animation* animation)
             setCurrentFrame(mCurrentFrame);
             if (!isValidCell(mSelectedCell))
                 mSelectedCell = QPoint(-1, -1);
-            updateGeometry();
-            update();
+            fit();
         };
         connect(mAnimation, &Animation::frameChanged, this, [this] { update(); });
         connect(mAnimation, &Animation::sizeChanged, this, redraw);
         connect(mAnimation, &Animation::contentChanged, this, redraw);
         connect(mAnimation, &Animation::restored, this, redraw);
     }
+    fit();
+}
+
+// In a scroll area nobody lays the widget out: it takes its own size.
+void FrameEditorWidget::fit()
+{
     updateGeometry();
+    resize(sizeHint());
     update();
 }
 
@@ -94,15 +100,13 @@ QSize FrameEditorWidget::sizeHint() const
 void FrameEditorWidget::zoomIn()
 {
     mScale = qMin(mScale * 2, MaxScale);
-    updateGeometry();
-    update();
+    fit();
 }
 
 void FrameEditorWidget::zoomOut()
 {
     mScale = qMax(mScale / 2, 1);
-    updateGeometry();
-    update();
+    fit();
 }
 
 void FrameEditorWidget::setCurrentFrame(int index)

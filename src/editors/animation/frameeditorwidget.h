@@ -65,6 +65,7 @@ protected:
 
 private:
     bool isSpriteAnimation() const;
+    void fit();
     int cellNumber(const QPoint& cell) const;
     AnimationFrame::Cell cell(const QPoint& cell) const;
     void writeFlags();
