@@ -180,8 +180,10 @@ void DocumentController::setActiveTileSet(const QUuid& tileSetId)
     // The list first, so that the window's tile becomes its selection.
     if (mViews.tilePicker)
         mViews.tilePicker->setTileSet(tiles);
-    if (mViews.tileWindow)
+    if (mViews.tileWindow) {
         mViews.tileWindow->setTileSet(tiles);
+        mViews.tileWindow->raise();
+    }
     // The Palette Editor follows, so that the colours being painted are the ones it edits.
     setActivePalette(tiles->paletteId());
     emit activeTileSetChanged(tileSetId);
@@ -199,8 +201,10 @@ void DocumentController::setActiveSpriteEditor(const QUuid& spriteBankId)
 {
     if (const QPointer<SpriteBank> bank = mProject ? mProject->spriteBank(spriteBankId) : nullptr) {
         activate(DocumentTabView::SpriteDocument, spriteBankId, bank->name());
-        if (mViews.spriteWindow)
+        if (mViews.spriteWindow) {
             mViews.spriteWindow->setSprites(bank);
+            mViews.spriteWindow->raise();
+        }
         setActivePalette(bank->paletteId());
         emit activeSpritesChanged(spriteBankId);
     }

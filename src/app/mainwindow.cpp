@@ -126,6 +126,7 @@ void MainWindow::connectMenus()
 
     SpriteMenu* sprites = mMenuBar.spriteMenu();
     connect(sprites, &SpriteMenu::create, &mProjectActions, &ProjectActions::createSprites);
+    connect(sprites, &SpriteMenu::bankImported, &mDocumentController, &DocumentController::setActiveSpriteEditor);
     connect(sprites, &SpriteMenu::swapPalette, this, &MainWindow::changeSpritePalette);
 
     MapMenu* maps = mMenuBar.mapMenu();

@@ -15,6 +15,8 @@
 SpriteMenu::SpriteMenu(FileChooser* files, QWidget* parent)
     : AssetMenu(tr("Sprites"), files, parent)
     , mCreate(new SpriteDialog(parent))
+    , mBinary(new SpriteEditor::ImportBinaryDialog(parent))
+    , mImage(new SpriteEditor::ImportImageDialog(parent))
     , mPalettes(new PaletteSelectorDialog(parent))
 {
     QAction* create = addProjectAction(tr("New"));
@@ -25,6 +27,8 @@ SpriteMenu::SpriteMenu(FileChooser* files, QWidget* parent)
     connect(addProjectAction(tr("Export Data")), &QAction::triggered, this, &SpriteMenu::displayExportFileDialog);
     connect(mCreate, &SpriteDialog::accepted, this, &SpriteMenu::create);
     connect(mPalettes, &PaletteSelectorDialog::accepted, this, &SpriteMenu::swapPalette);
+    connect(mBinary, &SpriteEditor::ImportBinaryDialog::accepted, this, &SpriteMenu::binaryChosen);
+    connect(mImage, &SpriteEditor::ImportImageDialog::accepted, this, &SpriteMenu::imageChosen);
 }
 
 QPointer<SpriteBank> SpriteMenu::currentBank() const
@@ -66,22 +70,68 @@ void SpriteMenu::importBinaryData(const QString& file)
 {
     if (!project())
         return;
-    SpriteBank* bank = nullptr;
-    const ImportReport report = SpriteFile::import(*project(), file, SpriteFile::CreatePalette, nullptr, {}, &bank);
-    showImportReport(report);
-    if (bank)
-        emit import(file, bank->name(), bank->paletteId());
+    mBinary->prepare(file, project()->paletteNames(), currentBank());
+    mBinary->open();
 }
 
 void SpriteMenu::importImage(const QString& file)
 {
     if (!project())
         return;
+    mImage->prepare(file, project()->paletteNames(), currentBank());
+    mImage->open();
+}
+
+void SpriteMenu::appendToBank(const QString& text, const std::function<void()>& change)
+{
+    const QPointer<SpriteBank> bank = currentBank();
+    emit bank->structureAboutToChange();
+    change();
+    emit bank->structureChanged(text);
+}
+
+void SpriteMenu::binaryChosen(SpriteEditor::ImportBinaryDialog::ImportActions flags, const QUuid& paletteId)
+{
+    if (!project())
+        return;
+    const QString file = mBinary->file();
     SpriteBank* bank = nullptr;
-    const ImportReport report = importSpriteSheet(*project(), file, &bank);
+    ImportReport report;
+    const auto actions = SpriteFile::ImportActions(int(flags));
+    if (flags.testFlag(SpriteEditor::ImportBinaryDialog::Append) && currentBank())
+        appendToBank(tr("Import Sprites"),
+                     [&] { report = SpriteFile::import(*project(), file, actions, currentBank(), {}, &bank); });
+    else
+        report = SpriteFile::import(*project(), file, actions & ~SpriteFile::Append, nullptr, paletteId, &bank);
     showImportReport(report);
-    if (bank)
-        emit import(file, bank->name(), bank->paletteId());
+    imported(file, bank);
+}
+
+void SpriteMenu::imageChosen(SpriteEditor::ImportImageDialog::ImportActions flags, const QUuid& paletteId)
+{
+    if (!project())
+        return;
+    const QString file = mImage->file();
+    SpriteBank* bank = nullptr;
+    if (flags.testFlag(SpriteEditor::ImportImageDialog::Append) && currentBank()) {
+        bank = currentBank();
+        int count = -1;
+        appendToBank(tr("Import Sprites"), [&] { count = bank->importImage(file); });
+        if (count < 0)
+            showImportReport(ImportReport::failure(tr("Read error")));
+    } else {
+        const QUuid palette = flags.testFlag(SpriteEditor::ImportImageDialog::ProjectPalette) ? paletteId : QUuid();
+        showImportReport(importSpriteSheet(*project(), file, &bank, palette));
+    }
+    imported(file, bank);
+}
+
+void SpriteMenu::imported(const QString& file, SpriteBank* bank)
+{
+    if (!bank)
+        return;
+    emit import(file, bank->name(), bank->paletteId());
+    emit bankImported(bank->id());
 }
 
 void SpriteMenu::displayExportFileDialog()

@@ -45,7 +45,8 @@ int importSpritePicture(SpriteBank& bank, const QImage& picture)
     return slice(bank, picture, &colours);
 }
 
-ImportReport importSpriteSheet(Project& project, const QString& filePath, SpriteBank** created)
+ImportReport importSpriteSheet(Project& project, const QString& filePath, SpriteBank** created,
+                               const QUuid& paletteId)
 {
     const QImage picture(filePath);
     const QString readError = tr("Read error");
@@ -70,10 +71,24 @@ ImportReport importSpriteSheet(Project& project, const QString& filePath, Sprite
                                .arg(right)
                                .arg(bottom);
     const QString name = QFileInfo(filePath).baseName();
-    const QPointer<Palette> palette = project.createPalette(CreateAction::NewBlank, name);
-    const QPointer<SpriteBank> bank = project.createSpriteBank(Tintorel::Sprite::EightBit, name, palette->id());
     int colours = 0;
-    slice(*bank, picture, &colours);
+    QPointer<SpriteBank> bank;
+    if (const QPointer<Palette> existing = project.palette(paletteId)) {
+        bank = project.createSpriteBank(Tintorel::Sprite::EightBit, name, existing->id());
+        ImageSlicer slicer(picture);
+        const int count = slicer.sliceSprites(SpriteSize);
+        for (int i = 0; i < count; ++i) {
+            if (i > 0)
+                bank->addSprite(true);
+            QImage piece = slicer.piece(i);
+            piece.setColorTable(slicer.colours());
+            bank->importImage(i, piece);
+        }
+    } else {
+        const QPointer<Palette> palette = project.createPalette(CreateAction::NewBlank, name);
+        bank = project.createSpriteBank(Tintorel::Sprite::EightBit, name, palette->id());
+        slice(*bank, picture, &colours);
+    }
     if (colours > Palette::Size)
         report.warnings << tr("%1 has %2 colours; pixels of the colours past the first %3 became colour 0")
                                .arg(ImportText::file(filePath))

@@ -1,6 +1,8 @@
 #pragma once
 #include "interchange/importreport.h"
 
+#include <QUuid>
+
 class Project;
 class QImage;
 class SpriteBank;
@@ -10,8 +12,11 @@ class SpriteBank;
 // become the first entries of the bank's palette. Returns the piece count.
 int importSpritePicture(SpriteBank& bank, const QImage& picture);
 
-// Sprites → Import of a picture: a new 8-bit bank on a new palette, both
-// named after the file. A picture that can't be read or is smaller than one
-// sprite is refused and creates nothing; margins that are not whole sprites
-// and colours past the 256th are reported as warnings.
-ImportReport importSpriteSheet(Project& project, const QString& filePath, SpriteBank** created = nullptr);
+// Sprites → Import of a picture: a new 8-bit bank named after the file, on a
+// new palette of the picture's colours or, given its id, on one of the
+// project's, to whose nearest colours the picture is mapped. A picture that
+// can't be read or is smaller than one sprite is refused and creates
+// nothing; margins that are not whole sprites and colours past the 256th
+// are reported as warnings.
+ImportReport importSpriteSheet(Project& project, const QString& filePath, SpriteBank** created = nullptr,
+                               const QUuid& paletteId = QUuid());

@@ -94,6 +94,7 @@ void TestTilePicker::drop()
     static_cast<QObject&>(grid).event(&move);
     QDropEvent drop(at, Qt::MoveAction, &mime, Qt::LeftButton, Qt::KeyboardModifiers(modifiers));
     static_cast<QObject&>(grid).event(&drop);
+    QTest::mouseRelease(&grid, Qt::LeftButton, {}, at.toPoint());
 
     QList<int> found;
     for (int i = 0; i < 4; ++i)

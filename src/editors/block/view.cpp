@@ -50,6 +50,10 @@ void View::addNewAnimation()
     if (!mBlocks)
         return;
     const QSharedPointer<TileAnimation> block = mBlocks->createTileAnimation(tr("New Object"));
+    // Something to drop tiles on at once; told as part of the new block, so
+    // that undo never takes the first frame away.
+    block->addFrame();
+    emit mBlocks->animationsChanged();
     mList->select(block.data());
     if (mEditor)
         mEditor->setAnimation(block.data());

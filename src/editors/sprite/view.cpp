@@ -101,7 +101,10 @@ void View::structure(const QString& text, const std::function<void()>& change)
 void View::addAnimation()
 {
     SpriteAnim* made = nullptr;
-    structure(tr("Add Animation"), [this, &made] { made = mBank->createAnimation(tr("New Animation")); });
+    structure(tr("Add Animation"), [this, &made] {
+        made = mBank->createAnimation(tr("New Animation"));
+        made->addFrame(); // something to drop sprites on at once
+    });
     if (!made)
         return;
     mList->addAnimation(made);
