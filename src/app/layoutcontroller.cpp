@@ -51,7 +51,7 @@ void LayoutController::resetLayout()
     // strip would shrink to its title; give the canvas the room instead.
     // Every size and raised tab is set here, so that a reset after docks
     // were moved gives exactly the layout of a first start.
-    mWindow->resizeDocks({ mDocks.project, mDocks.tile }, { 240, 300 }, Qt::Horizontal);
+    mWindow->resizeDocks({ mDocks.project, mDocks.tile }, { 220, 330 }, Qt::Horizontal);
     mWindow->resizeDocks({ mDocks.project, mDocks.blockSelector, mDocks.tilePicker }, { 280, 200, 160 },
                          Qt::Vertical);
     mDocks.blockSelector->raise();

@@ -38,6 +38,7 @@ AnimationListWidget::AnimationListWidget(Flags flags, QWidget* parent)
     , mClone(button(QString(), tr("Clone"), tr("Copy the selected animation"), this))
 {
     mList->setIconSize(QSize(IconSide, IconSide));
+    mList->setMinimumWidth(160);
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(mAdd);
     buttons->addWidget(mDelete);

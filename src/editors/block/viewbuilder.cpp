@@ -23,6 +23,7 @@ void ViewBuilder::build()
     view->addWidget(view->mList);
     view->addWidget(view->mEditor);
     view->setStretchFactor(1, 1);
+    view->setSizes({ 220, 600 });
 
     connect(view->mList, &AnimationEditor::AnimationListWidget::addRequested, view, &View::addNewAnimation);
     connect(view->mList, &AnimationEditor::AnimationListWidget::removeRequested, view, &View::deleteAnimation);

@@ -65,6 +65,7 @@ void View::build()
     addWidget(mList);
     addWidget(editor);
     setStretchFactor(1, 1);
+    setSizes({ 220, 600 });
 
     connect(mList, &AnimationEditor::AnimationListWidget::addRequested, this, &View::addAnimation);
     connect(mList, &AnimationEditor::AnimationListWidget::removeRequested, this, &View::deleteAnimation);
