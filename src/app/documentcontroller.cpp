@@ -6,6 +6,7 @@
 #include "editors/palette/palettewindow.h"
 #include "editors/block/blockselectorwindow.h"
 #include "editors/sprite/spritewindow.h"
+#include "mapeditor/mapspriteswindow.h"
 #include "editors/tile/tilepickertool.h"
 #include "editors/tile/tilewindow.h"
 #include "history/editrecorder.h"
@@ -118,6 +119,8 @@ void DocumentController::projectOpened(Project* project)
     stack(QUuid()); // the scratch image's
     if (mViews.blockSelector)
         mViews.blockSelector->setProject(project);
+    if (mViews.mapSprites)
+        mViews.mapSprites->setProject(project);
     const QStringList documents = project->openDocuments();
     for (const QString& text : documents) {
         const QUuid id = QUuid::fromString(text);
@@ -149,6 +152,8 @@ void DocumentController::projectClosed()
         mViews.spriteWindow->setSprites(nullptr);
     if (mViews.blockSelector)
         mViews.blockSelector->setProject(nullptr);
+    if (mViews.mapSprites)
+        mViews.mapSprites->setProject(nullptr);
     mActivePalette = QUuid();
     mActiveTileSet = QUuid();
 }
@@ -191,10 +196,15 @@ void DocumentController::setActiveTileSet(const QUuid& tileSetId)
 
 void DocumentController::setActiveMap(const QUuid& mapId)
 {
-    if (const QPointer<Map> map = mProject ? mProject->map(mapId) : nullptr) {
-        activate(DocumentTabView::MapDocument, mapId, map->name());
-        emit activeMapChanged(mapId);
-    }
+    const QPointer<Map> map = mProject ? mProject->map(mapId) : nullptr;
+    if (!map)
+        return;
+    activate(DocumentTabView::MapDocument, mapId, map->name());
+    // Its tiles in the tile list and editor, to paint with.
+    if (mProject->tileSet(map->tileSetId()) && map->tileSetId() != mActiveTileSet)
+        setActiveTileSet(map->tileSetId());
+    mGroup.setActiveStack(stack(mapId));
+    emit activeMapChanged(mapId);
 }
 
 void DocumentController::setActiveSpriteEditor(const QUuid& spriteBankId)

@@ -10,6 +10,9 @@ class SpriteWindow;
 class TilePickerTool;
 class TileWindow;
 class QToolBar;
+namespace MapEditor {
+class ToolBar;
+}
 class QWidget;
 
 // The views that the document controller drives, as the window made them.
@@ -23,7 +26,7 @@ struct DocumentViews
     TilePickerTool* tilePicker = nullptr;
     BlockSelectorWindow* blockSelector = nullptr;
     MapSpritesWindow* mapSprites = nullptr;
-    QToolBar* mapToolBar = nullptr;
+    MapEditor::ToolBar* mapToolBar = nullptr;
     MenuBar* menuBar = nullptr;
     QWidget* preferencesDialog = nullptr;
 };

@@ -3,7 +3,13 @@
 #include "app/documentcontroller.h"
 #include "app/documenttabview.h"
 #include "app/projectcontroller.h"
+#include "editors/block/blockselectorwindow.h"
 #include "editors/block/view.h"
+#include "mapeditor/mapspriteswindow.h"
+#include "mapeditor/toolbar.h"
+#include "mapeditor/view.h"
+#include "model/map.h"
+#include "model/palette.h"
 #include "editors/sprite/spritewindow.h"
 #include "editors/sprite/view.h"
 #include "editors/tile/tilepickergrid.h"
@@ -28,6 +34,7 @@ EditorWiring::EditorWiring(DocumentController* documents, const DocumentViews& v
 {
     connectTileEditor();
     connectSpriteEditor();
+    connectMapEditor();
     registerPages();
 }
 
@@ -75,6 +82,88 @@ void EditorWiring::connectSpriteEditor()
     connect(window, &SpriteWindow::spritesEdited, mProjects, &ProjectController::noteChange);
 }
 
+MapEditor::View* EditorWiring::currentMapView() const
+{
+    return mViews.tabView ? qobject_cast<MapEditor::View*>(mViews.tabView->currentWidget()) : nullptr;
+}
+
+void EditorWiring::forEachMapView(const std::function<void(MapEditor::View*)>& act) const
+{
+    if (!mViews.tabView)
+        return;
+    for (int i = 0; i < mViews.tabView->count(); ++i)
+        if (auto* view = qobject_cast<MapEditor::View*>(mViews.tabView->widget(i)))
+            act(view);
+}
+
+// The docks that choose what a map tab paints and places talk to the tab on
+// show; the "Map" tool bar belongs to it while it is current.
+void EditorWiring::connectMapEditor()
+{
+    if (TilePickerTool* picker = mViews.tilePicker)
+        connect(picker, &TilePickerTool::selectedTileChanged, this, [this](int index) {
+            if (MapEditor::View* view = currentMapView())
+                view->setTileIndex(index);
+        });
+    if (BlockSelectorWindow* blocks = mViews.blockSelector)
+        connect(blocks, &BlockSelectorWindow::selectedItemChanged, this, [this](QPointer<TileAnimation> block) {
+            if (MapEditor::View* view = currentMapView(); view && block)
+                view->setMapObject(block);
+        });
+    if (MapSpritesWindow* sprites = mViews.mapSprites) {
+        connect(sprites, &MapSpritesWindow::selectionChanged, this, [this](QPointer<SpriteAnim> animation) {
+            if (MapEditor::View* view = currentMapView(); view && animation)
+                view->setSpriteAnimation(animation);
+        });
+        connect(sprites, &MapSpritesWindow::spriteChosen, this, [this](const QUuid& bank, int index) {
+            if (MapEditor::View* view = currentMapView())
+                view->setSingleSprite(bank, index);
+        });
+    }
+    // Saving stops the clocks and starts again those that ran.
+    connect(mProjects, &ProjectController::aboutToSave, this, [this] {
+        forEachMapView([](MapEditor::View* view) { view->pause(); });
+    });
+    connect(mProjects, &ProjectController::saveFinished, this, [this] {
+        forEachMapView([](MapEditor::View* view) { view->resume(); });
+    });
+    if (!mViews.tabView || !mViews.mapToolBar)
+        return;
+    connect(mViews.tabView, &QTabWidget::currentChanged, this, [this] {
+        MapEditor::View* view = currentMapView();
+        if (mToolBarOwner && mToolBarOwner != view)
+            mToolBarOwner->setToolBar(nullptr);
+        mToolBarOwner = view;
+        if (view)
+            view->setToolBar(mViews.mapToolBar);
+        mViews.mapToolBar->setVisible(view);
+    });
+}
+
+QWidget* EditorWiring::makeMapPage(const QUuid& id)
+{
+    const QPointer<Project> project = mDocuments->project();
+    const QPointer<Map> map = project ? project->map(id) : nullptr;
+    if (!map)
+        return nullptr;
+    auto* view = new MapEditor::View(map);
+    view->setProject(project);
+    view->setUndoStack(mDocuments->stack(id));
+    ProjectStore* store = &mProjects->store();
+    connect(view, &MapEditor::View::exportTileMap, store, &ProjectStore::exportMap);
+    connect(view, &MapEditor::View::exportTiles, store, &ProjectStore::exportTiles);
+    connect(view, &MapEditor::View::exportTilePalette, store, &ProjectStore::exportPalette);
+    connect(view, &MapEditor::View::createMapFromSelection, mDocuments, &DocumentController::createMapFromSelection);
+    connect(view, &MapEditor::View::tabTextChanged, this,
+            [this, id](const QString& text) { mViews.tabView->renameDocument(id, text); });
+    // A tile picked on the map becomes the tile of the tile editor and the list.
+    connect(view, &MapEditor::View::tilePicked, this, [this](int index) {
+        if (mViews.tileWindow)
+            mViews.tileWindow->setTileIndex(index + 1);
+    });
+    return view;
+}
+
 // A page for each kind of document that has an editor; each page records
 // its edits on its own document's stack.
 void EditorWiring::registerPages()
@@ -82,6 +171,7 @@ void EditorWiring::registerPages()
     DocumentTabView* tabs = mViews.tabView;
     if (!tabs)
         return;
+    tabs->registerEditor(DocumentTabView::MapDocument, [this](const QUuid& id) { return makeMapPage(id); });
     tabs->registerEditor(DocumentTabView::SpriteDocument, [this](const QUuid& id) -> QWidget* {
         const QPointer<SpriteBank> bank = mDocuments->project() ? mDocuments->project()->spriteBank(id) : nullptr;
         if (!bank)

@@ -2,11 +2,16 @@
 #include "app/documentviews.h"
 
 #include <QObject>
+#include <QPointer>
 #include <QUuid>
+#include <functional>
 
 class DocumentController;
 class ProjectController;
 class QUndoStack;
+namespace MapEditor {
+class View;
+}
 
 // Hooks the editors to the documents: the stack each one's edits go to,
 // the pages of the document tabs, and the links between docks that show
@@ -23,9 +28,15 @@ private:
     QUndoStack* activeStack(const QUuid& id);
     void connectTileEditor();
     void connectSpriteEditor();
+    void connectMapEditor();
     void registerPages();
+    QWidget* makeMapPage(const QUuid& id);
+    // The map tab on show, or null.
+    MapEditor::View* currentMapView() const;
+    void forEachMapView(const std::function<void(MapEditor::View*)>& act) const;
 
     DocumentController* mDocuments;
     DocumentViews mViews;
     ProjectController* mProjects;
+    QPointer<MapEditor::View> mToolBarOwner;
 };

@@ -43,7 +43,7 @@ MainWindow::MainWindow(QWidget* parent)
     , mMessageDialog(this)
     , mSaveDialog(this, tr("Save project"), QString(), tr("Project file (*.tintorel)"))
     , mViews { &mTabView,         &mProjectWindow,    &mPaletteWindow, &mTileWindow, &mSpriteWindow,
-               &mTilePicker,      &mBlockSelector,    &mMapSpritesWindow, nullptr,   &mMenuBar,
+               &mTilePicker,      &mBlockSelector,    &mMapSpritesWindow, &mMapToolBar, &mMenuBar,
                nullptr }
     , mDocumentController(mViews, &mProjectController)
     , mProjectActions(this, mViews, &mProjectController, &mDocumentController)
@@ -70,6 +70,9 @@ MainWindow::MainWindow(QWidget* parent)
 
     setMenuBar(&mMenuBar);
     addToolBar(mMenuBar.fileMenu()->toolBar());
+    // Shown while a map tab is current.
+    addToolBar(&mMapToolBar);
+    mMapToolBar.hide();
 
     connect(&store, &ProjectStore::showMessage, status, &QStatusBar::showMessage);
     connect(status, &QStatusBar::messageChanged, this, &MainWindow::messageChanged);

@@ -15,6 +15,7 @@
 #include "editors/tile/tilepickertool.h"
 #include "editors/tile/tilewindow.h"
 #include "mapeditor/mapspriteswindow.h"
+#include "mapeditor/toolbar.h"
 #include "ui/messagedialog.h"
 
 #include <QFileDialog>
@@ -77,6 +78,7 @@ private:
     TilePickerTool mTilePicker;
     BlockSelectorWindow mBlockSelector;
     MapSpritesWindow mMapSpritesWindow;
+    MapEditor::ToolBar mMapToolBar;
     DocumentTabView mTabView;
     QLabel mStatusLabel;
     MenuBar mMenuBar;

@@ -1,11 +1,13 @@
 #include "interchange/maprenderer.h"
 
+#include "model/animatedblocks.h"
 #include "model/animationproperties.h"
 #include "model/map.h"
 #include "model/palette.h"
 #include "model/spriteanim.h"
 #include "model/spritebank.h"
 #include "model/tile.h"
+#include "model/tileanimation.h"
 #include "model/tileset.h"
 #include "model/transform.h"
 #include "project/project.h"
@@ -16,36 +18,118 @@
 namespace {
 
 constexpr int CellPixels = 8;
-
-// A placed sprite's picture at tick 0: a plain sprite, or the frame its
-// timing shows first.
-QImage spriteImage(const Project& project, const Map::PlacedSprite& placed)
-{
-    const QPointer<SpriteBank> bank = project.spriteBank(placed.bank);
-    if (!bank)
-        return {};
-    if (placed.animation.isNull())
-        return bank->render(placed.sprite, placed.paletteOffset, placed.rotate, placed.flip, placed.mirror);
-    const QSharedPointer<SpriteAnim> animation = bank->animation(placed.animation);
-    if (!animation)
-        return {};
-    AnimationProperties timing;
-    timing.setStartFrame(placed.startFrame);
-    timing.setInitialDelay(placed.initialDelay);
-    timing.setRepeatDelay(placed.repeatDelay);
-    const int frame = timing.frameAt(animation->frameCount(), animation->delay(), 0);
-    return transformed(animation->renderFrame(frame), placed.rotate, placed.flip, placed.mirror);
-}
+constexpr int SpritePixels = 16;
 
 } // namespace
 
-MapRenderer::MapRenderer(const Project& project, const Map& map)
-    : mProject(project)
-    , mMap(map)
+MapRenderer::MapRenderer(const Map& map, BankLookup banks)
+    : mMap(map)
+    , mBanks(std::move(banks))
+    , mBackgroundTile(map.backgroundTileIndex())
+    , mTransparencyIndex(map.tileTransparencyIndex())
 {
 }
 
-QImage MapRenderer::render(int scale) const
+MapRenderer::MapRenderer(const Project& project, const Map& map)
+    : MapRenderer(map, [&project](const QUuid& id) { return project.spriteBank(id).data(); })
+{
+}
+
+void MapRenderer::paintBackground(QPainter& painter, const QRect& target, int cellPixels) const
+{
+    const QPointer<TileSet> tiles = mMap.tileSet();
+    const int background = mBackgroundTile;
+    if (!tiles || background < 0 || background >= tiles->count()) {
+        painter.fillRect(target, Qt::black);
+        return;
+    }
+    QImage texture = tiles->render(background, false, false, false, tiles->tileOffset(background));
+    if (tiles->palette())
+        texture.setColorTable(tiles->palette()->rgbTable());
+    // The tiling starts at the corner of the target, whatever the scroll.
+    painter.save();
+    painter.setBrushOrigin(target.topLeft());
+    painter.fillRect(target, QBrush(texture.scaled(cellPixels, cellPixels)));
+    painter.restore();
+}
+
+void MapRenderer::paintLayers(QPainter& painter, const QPoint& origin, const QRect& cells, int cellPixels,
+                              Layers layers) const
+{
+    if (!mMap.tileSet() || cellPixels <= 0)
+        return;
+    const int transparency = mTransparencyIndex;
+    const double scale = cellPixels;
+    if (layers.testFlag(Tiles) && mMap.tileMap() && mMap.tileMap()->isVisible())
+        painter.drawImage(origin, mMap.tileMap()->scaledPreview(cells, scale, transparency)
+                                      .convertToFormat(QImage::Format_ARGB32_Premultiplied));
+    if (layers.testFlag(Objects) && mMap.objectMap() && mMap.objectMap()->isVisible())
+        painter.drawImage(origin, mMap.objectMap()->scaledPreview(cells, scale, transparency)
+                                      .convertToFormat(QImage::Format_ARGB32_Premultiplied));
+}
+
+int MapRenderer::frameFor(const Map::PlacedSprite& sprite, int frameCount, int delay, qint64 ticks)
+{
+    if (frameCount < 1)
+        return 0;
+    const int start = sprite.startFrame < 0 ? 0 : qMin(frameCount - 1, sprite.startFrame);
+    if (delay < 1 || sprite.initialDelay > ticks)
+        return start;
+    const qint64 cycle = qint64(frameCount) * delay;
+    const qint64 period = cycle + qMax(sprite.repeatDelay, 0);
+    const qint64 t = (ticks - sprite.initialDelay) % period;
+    const qint64 step = t < cycle ? t / delay : frameCount - 1;
+    return int((step + start) % frameCount);
+}
+
+QImage MapRenderer::spriteImage(const Map::PlacedSprite& sprite, qint64 ticks) const
+{
+    SpriteBank* bank = mBanks ? mBanks(sprite.bank) : nullptr;
+    if (!bank)
+        return {};
+    if (sprite.animation.isNull())
+        return bank->render(sprite.sprite, sprite.paletteOffset, sprite.rotate, sprite.flip, sprite.mirror);
+    const QSharedPointer<SpriteAnim> animation = bank->animation(sprite.animation);
+    if (!animation)
+        return {};
+    const int frame = frameFor(sprite, animation->frameCount(), animation->delay(), ticks);
+    return transformed(animation->renderFrame(frame), sprite.rotate, sprite.flip, sprite.mirror);
+}
+
+QRect MapRenderer::spriteRect(const Map::PlacedSprite& sprite) const
+{
+    SpriteBank* bank = mBanks ? mBanks(sprite.bank) : nullptr;
+    if (!bank)
+        return {};
+    if (sprite.animation.isNull()) {
+        if (sprite.sprite < 0 || sprite.sprite >= bank->spriteCount())
+            return {};
+        return QRect(sprite.x, sprite.y, SpritePixels, SpritePixels);
+    }
+    const QSharedPointer<SpriteAnim> animation = bank->animation(sprite.animation);
+    if (!animation)
+        return {};
+    QSize size = animation->size() * SpritePixels;
+    if (sprite.rotate)
+        size.transpose();
+    return QRect(QPoint(sprite.x, sprite.y), size);
+}
+
+void MapRenderer::paintSprites(QPainter& painter, const std::function<QPoint(const QPoint&)>& toTarget,
+                               double scale, qint64 ticks) const
+{
+    if (!mMap.spriteLayerVisible())
+        return;
+    for (const Map::PlacedSprite& sprite : mMap.sprites()) {
+        const QImage image = spriteImage(sprite, ticks);
+        if (image.isNull())
+            continue;
+        const QSize size(qRound(image.width() * scale), qRound(image.height() * scale));
+        painter.drawImage(QRect(toTarget(QPoint(sprite.x, sprite.y)), size), image);
+    }
+}
+
+QImage MapRenderer::render(int scale, qint64 ticks, Layers layers) const
 {
     scale = qMax(1, scale);
     const QSize cells = mMap.size();
@@ -53,39 +137,27 @@ QImage MapRenderer::render(int scale) const
     QImage target(cells * cell, QImage::Format_ARGB32_Premultiplied);
     if (target.isNull())
         return target;
-    target.fill(Qt::black);
     QPainter painter(&target);
     painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
-
-    const QPointer<TileSet> tiles = mMap.tileSet();
-    const int background = mMap.backgroundTileIndex();
-    if (tiles && background >= 0 && background < tiles->count()) {
-        QImage texture = tiles->tile(background)->image();
-        if (tiles->palette())
-            texture.setColorTable(tiles->palette()->rgbTable());
-        painter.fillRect(target.rect(), QBrush(texture.scaled(cell, cell)));
-    }
-    const QRect all(QPoint(0, 0), cells);
-    const int transparency = mMap.tileTransparencyIndex();
-    for (const QPointer<TileMap>& layer : { mMap.tileMap(), mMap.objectMap() })
-        if (layer && layer->isVisible() && tiles)
-            painter.drawImage(0, 0, layer->scaledPreview(all, cell, transparency));
-    painter.end();
-
-    if (mMap.spriteLayerVisible())
-        drawSprites(target, scale);
+    paintBackground(painter, target.rect(), cell);
+    paintLayers(painter, QPoint(0, 0), QRect(QPoint(0, 0), cells), cell, layers);
+    if (layers.testFlag(Sprites))
+        paintSprites(painter, [scale](const QPoint& p) { return p * scale; }, scale, ticks);
     return target;
 }
 
-void MapRenderer::drawSprites(QImage& target, int scale) const
+void MapRenderer::showBlocksAt(Map& map, const std::function<const TileAnimation*(const QUuid&)>& find,
+                               qint64 ticks)
 {
-    QPainter painter(&target);
-    for (const Map::PlacedSprite& placed : mMap.sprites()) {
-        const QImage image = spriteImage(mProject, placed);
-        if (!image.isNull())
-            painter.drawImage(QRect(placed.x * scale, placed.y * scale, image.width() * scale,
-                                    image.height() * scale),
-                              image);
+    if (!map.blocks())
+        return;
+    for (const auto& placement : map.blocks()->list()) {
+        const TileAnimation* block = find(placement->animationId());
+        if (!block || block->frameCount() == 0)
+            continue;
+        // From tick 0 a block steps at every multiple of its delay.
+        const int frame = block->delay() > 0 ? int((ticks / block->delay()) % block->frameCount()) : 0;
+        map.showBlockFrame(placement->rect().topLeft(), *block, frame);
     }
 }
 

@@ -1,19 +1,60 @@
 #pragma once
+#include "model/map.h"
+
+#include <QFlags>
 #include <QImage>
+#include <functional>
 
-class Map;
 class Project;
+class QPainter;
+class SpriteBank;
+class TileAnimation;
 
-// Draws a whole map as the map editor shows it, without grid or overlays:
-// the background tile, the tile layer, the object layer, then the placed
-// sprites at the first tick of the clock.
+// Draws a map as the map tab shows it, without grid or overlays: the
+// background tile, the tile layer, the object layer and the placed sprites
+// at a tick of the clock. The tab and the command-line render both draw
+// through it, so that they cannot disagree.
 class MapRenderer
 {
 public:
+    enum Layer { Tiles = 1, Objects = 2, Sprites = 4, AllLayers = 7 };
+    Q_DECLARE_FLAGS(Layers, Layer)
+    using BankLookup = std::function<SpriteBank*(const QUuid& id)>;
+
+    MapRenderer(const Map& map, BankLookup banks);
     MapRenderer(const Project& project, const Map& map);
 
-    // `scale` screen pixels per map pixel (8 map pixels to a cell).
-    QImage render(int scale) const;
+    // The map's own values unless set otherwise, as the map tab does.
+    void setBackgroundTile(int index) { mBackgroundTile = index; }
+    void setTransparencyIndex(int index) { mTransparencyIndex = index; }
+
+    // The tiling of the background tile over `target`, from its top left.
+    void paintBackground(QPainter& painter, const QRect& target, int cellPixels) const;
+    // The cells `cells` of the visible layers, `cellPixels` a cell, with the
+    // top left cell at `origin`; each layer only where its flag is on.
+    void paintLayers(QPainter& painter, const QPoint& origin, const QRect& cells, int cellPixels,
+                     Layers layers = AllLayers) const;
+    // The placed sprites in list order, later ones on top; `toTarget` takes a
+    // map pixel to the painter's coordinates and `scale` target pixels a map pixel.
+    void paintSprites(QPainter& painter, const std::function<QPoint(const QPoint&)>& toTarget, double scale,
+                      qint64 ticks) const;
+
+    // The picture a placed sprite shows at a tick; null when its bank or
+    // animation has gone.
+    QImage spriteImage(const Map::PlacedSprite& sprite, qint64 ticks) const;
+    // Its rectangle in map pixels, inclusive corners; empty for a sprite that draws nothing.
+    QRect spriteRect(const Map::PlacedSprite& sprite) const;
+
+    // The whole map, `scale` pixels a map pixel, at a tick; the picture of
+    // the layers chosen.
+    QImage render(int scale, qint64 ticks = 0, Layers layers = AllLayers) const;
+
+    // The frame a placed sprite's animation shows at a tick: from its start
+    // frame after its initial delay, holding the last step for its repeat delay.
+    static int frameFor(const Map::PlacedSprite& sprite, int frameCount, int delay, qint64 ticks);
+    // The frame every placed block shows when the clock has run from 0 to
+    // `ticks`, written into the map's object layer, as the running clock would.
+    static void showBlocksAt(Map& map, const std::function<const TileAnimation*(const QUuid&)>& find, qint64 ticks);
 
     // Exact 8-bit form when the picture has 256 colours or fewer, so that
     // what a build reads back is the machine's indices and the file is small;
@@ -21,8 +62,10 @@ public:
     static QImage indexedIfPossible(const QImage& picture);
 
 private:
-    void drawSprites(QImage& target, int scale) const;
-
-    const Project& mProject;
     const Map& mMap;
+    BankLookup mBanks;
+    int mBackgroundTile;
+    int mTransparencyIndex;
 };
+
+Q_DECLARE_OPERATORS_FOR_FLAGS(MapRenderer::Layers)

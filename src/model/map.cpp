@@ -274,6 +274,21 @@ bool Map::removeBlock(const QRect& rect)
     return true;
 }
 
+bool Map::showBlockFrame(const QPoint& topLeft, const TileAnimation& block, int frameIndex)
+{
+    const auto frame = block.frame(frameIndex);
+    if (!frame)
+        return false;
+    bool changed = false;
+    for (int row = 0; row < block.height(); ++row)
+        for (int column = 0; column < block.width(); ++column) {
+            const AnimationFrame::Cell cell = frame->cell(row, column);
+            changed |= mObjectMap->setCell(topLeft + QPoint(column, row),
+                                           { cell.index, cell.rotate, cell.flip, cell.mirror, cell.offset, true });
+        }
+    return changed;
+}
+
 QRect Map::rectAt(const QPoint& cell) const
 {
     return mBlocks->rectAt(cell);

@@ -107,6 +107,9 @@ public:
     // animation is not found keeps its place and marks nothing.
     void rebuildObjectLayer(const std::function<const TileAnimation*(const QUuid&)>& findAnimation);
     bool removeBlock(const QRect& rect);
+    // Writes one frame of a block into the object layer from `topLeft`, as
+    // the clock shows it; outside any undo step. False when nothing changed.
+    bool showBlockFrame(const QPoint& topLeft, const TileAnimation& block, int frame);
     // The rectangle of the block that covers `cell`, or an empty one.
     QRect rectAt(const QPoint& cell) const;
 

@@ -364,7 +364,8 @@ QMimeData* TileMap::toMimeData(const QRect& area) const
 {
     QByteArray bytes;
     QDataStream stream(&bytes, QIODevice::WriteOnly);
-    stream << qint32(area.width()) << qint32(area.height());
+    // Rows before columns, as other programs of the machine read it.
+    stream << qint32(area.height()) << qint32(area.width());
     for (int y = area.top(); y <= area.bottom(); ++y)
         for (int x = area.left(); x <= area.right(); ++x) {
             const TileData data = cell(QPoint(x, y));
@@ -385,7 +386,7 @@ TileMap::Clip TileMap::cellsFromMimeData(const QMimeData* data)
     QDataStream stream(bytes);
     qint32 width = 0;
     qint32 height = 0;
-    stream >> width >> height;
+    stream >> height >> width;
     // 12 bytes a cell: never trust a size that the data cannot hold.
     constexpr qint64 cellBytes = 12;
     if (width <= 0 || height <= 0 || qint64(width) > bytes.size() / cellBytes / height)
