@@ -11,6 +11,9 @@
 
 class EditRecorder;
 class Project;
+namespace ImageEditor {
+class View;
+}
 class ProjectController;
 class QUndoStack;
 
@@ -36,6 +39,9 @@ public:
     // Before a save: the open tabs, first to last, into the project.
     void collectOpenDocuments();
 
+    // The one scratch image editor; null without a tab view.
+    ImageEditor::View* scratchEditor() const;
+
     QUuid activePalette() const { return mActivePalette; }
     QUuid activeTileSet() const { return mActiveTileSet; }
 
@@ -59,6 +65,8 @@ signals:
 
 private:
     void connectTileEditor(ProjectController* projects);
+    void connectImageEditors();
+    QWidget* makeImageEditor(const QUuid& imageId);
     void projectOpened(Project* project);
     void projectClosed();
     void trackAll(Project& project);
@@ -69,6 +77,7 @@ private:
     QUndoGroup mGroup;
     QHash<QUuid, QUndoStack*> mStacks;
     std::unique_ptr<EditRecorder> mRecorder;
+    QPointer<ImageEditor::View> mScratchEditor;
     QUuid mActivePalette;
     QUuid mActiveTileSet;
 };
