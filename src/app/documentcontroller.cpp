@@ -181,6 +181,14 @@ void DocumentController::projectOpened(Project* project)
     if (mScratchEditor) {
         mScratchEditor->setScratch(project, project->palette(project->scratchPalette()));
         mScratchEditor->setUndoStack(stack(QUuid()));
+        // The first palette of a project that had none becomes the scratch
+        // palette now, as it would when the project is next opened.
+        connect(project, &Project::paletteCreated, mScratchEditor, [this, project](QPointer<Palette> palette) {
+            if (palette && !project->palette(project->scratchPalette())) {
+                project->setScratchPalette(palette->id());
+                mScratchEditor->setScratch(project, palette);
+            }
+        });
     } else {
         stack(QUuid()); // the scratch image's
     }

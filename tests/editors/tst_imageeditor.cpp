@@ -41,6 +41,7 @@ private slots:
     void sixteenColourScreenKeepsFourBits();
     void paletteEditsShowAtOnce();
     void openTakesPixelsAndColoursAsOneStep();
+    void scratchImportWithoutPaletteMakesOne();
     void exportFormatFollowsTheName_data();
     void exportFormatFollowsTheName();
     void arrowsScrollAndGridLinesShow();
@@ -273,6 +274,25 @@ void TestImageEditor::openTakesPixelsAndColoursAsOneStep()
 
     QVERIFY(!mView->openImage(mDir.filePath("missing.png")));
     QCOMPARE(mStack->count(), 2);
+}
+
+void TestImageEditor::scratchImportWithoutPaletteMakesOne()
+{
+    Project* project = mStore->project();
+    mView->setScratch(project, nullptr);
+    QImage picture(2, 1, QImage::Format_RGB32);
+    picture.setPixel(0, 0, qRgb(0, 255, 0));
+    picture.setPixel(1, 0, qRgb(255, 0, 255));
+    const QString file = mDir.filePath("two.png");
+    QVERIFY(picture.save(file));
+
+    QVERIFY(mView->openImage(file));
+    QCOMPARE(project->palettes().size(), 1);
+    const QPointer<Palette> made = project->palette(project->scratchPalette());
+    QVERIFY(made);
+    QCOMPARE(made->colour(1).rgb(), qRgb(255, 0, 255));
+    QCOMPARE(project->scratchImage().pixelIndex(1, 0), 1);
+    QCOMPARE(mStack->undoText(), QStringLiteral("Import Image"));
 }
 
 void TestImageEditor::exportFormatFollowsTheName_data()

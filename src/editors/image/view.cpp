@@ -24,18 +24,6 @@ namespace ImageEditor {
 
 namespace {
 
-// Each mode opens at a zoom that shows about 512 screen pixels across.
-int startZoom(ImageMode mode)
-{
-    switch (mode) {
-    case ImageMode::Layer2_256x192: return 3;
-    case ImageMode::Layer2_320x256: return 2;
-    case ImageMode::Layer2_640x256: return 1;
-    case ImageMode::LoRes_128x96: return 4;
-    }
-    return 1;
-}
-
 // The 16-colour screen holds four bits a pixel: anything above (a paste
 // from a 256-colour picture) keeps its low four bits, as a tile does.
 bool keepFourBits(QImage& picture)
@@ -122,7 +110,7 @@ void View::present(const QImage& picture)
     mCanvas->setImageType(int(sixteen ? Tintorel::Ui::ImageType::Offset16 : Tintorel::Ui::ImageType::Full256));
     // The wide screen's pixels are half as wide as they are tall.
     mCanvas->setDoubleHeight(mode == ImageMode::Layer2_640x256);
-    mCanvas->setZoomLevel(startZoom(mode));
+    mFitPending = true;
     mToolBar->setMode(mode);
     mColours->setPalette(shownPalette());
     QImage shown = picture;
@@ -134,6 +122,19 @@ void View::present(const QImage& picture)
     showPicture(shown);
     mShowing = false;
     mCanvas->setPalette(shownPalette());
+    fitOnce();
+}
+
+void View::fitOnce()
+{
+    // A canvas not yet laid out has no room to fit anything in.
+    if (!mFitPending || !mCanvas->isVisible() || mCanvas->width() < 16 || mCanvas->height() < 16)
+        return;
+    mFitPending = false;
+    const QSize picture = mCanvas->image().size();
+    const int rows = picture.height() * (mCanvas->doubleHeight() ? 2 : 1);
+    mCanvas->setZoomLevel(qMax(1, qMin(mCanvas->width() / picture.width(), mCanvas->height() / rows)));
+    mCanvas->update();
 }
 
 void View::showPicture(QImage picture)
@@ -219,6 +220,13 @@ bool View::openImage(const QString& name)
     QImage loaded;
     if (!mImage || !loaded.load(name))
         return false;
+    // Without a palette of the project the scratch picture is shown in
+    // colours that nothing saves: the import gives it one, as a load would.
+    if (mProject && !mScratch->palette()) {
+        const QPointer<Palette> made = mProject->createPalette(CreateAction::Standard, tr("Scratch"));
+        mProject->setScratchPalette(made->id());
+        setScratch(mProject, made);
+    }
     const ScreenPicture picture
         = screenPicture(loaded, mCanvas->image().size(), Image::colourCount(mImage->mode()));
     // The pixels are one step of this picture; the colours go into its
@@ -242,6 +250,14 @@ void View::setBackIndex(int index)
 {
     mTools->update();
     mColours->setBackIndex(index);
+}
+
+// A view made out of sight (the scratch one, say) fits its picture when
+// first shown, its canvas laid out by then.
+void View::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    fitOnce();
 }
 
 bool View::event(QEvent* event)

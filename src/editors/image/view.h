@@ -75,6 +75,7 @@ signals:
 
 protected:
     bool event(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
 private:
     friend class ViewBuilder;
@@ -84,6 +85,8 @@ private:
     // Into the canvas in the present colours of the palette.
     void showPicture(QImage picture);
     void canvasChanged();
+    // Once the canvas has its size: the largest zoom that shows it all.
+    void fitOnce();
 
     QPointer<Canvas> mCanvas;
     QPointer<QScrollBar> mVertical;
@@ -101,6 +104,8 @@ private:
     Palette* mStandard = nullptr;
     // Set while a picture is being put on the canvas, which is no change.
     bool mShowing = false;
+    // Set by a new picture until the canvas first has room to fit it in.
+    bool mFitPending = false;
 };
 
 } // namespace ImageEditor

@@ -18,8 +18,6 @@ namespace ImageEditor {
 
 namespace {
 
-// Six tool buttons across, and the 256 colours beside their swatches.
-constexpr int SideWidth = 232;
 const QString PictureFilter = QStringLiteral("Images (*.png *.xpm *.jpg *.bmp)");
 
 // Every tool of the pixel editors but those that mean nothing on a whole
@@ -42,38 +40,35 @@ ViewBuilder::ViewBuilder(View* view)
 void ViewBuilder::build()
 {
     mView->mToolBar = new ToolBar(mView);
-    auto* body = new QHBoxLayout;
-    body->setSpacing(0);
-    body->addWidget(buildSide());
-    body->addWidget(buildCanvas(), 1);
     auto* layout = new QVBoxLayout(mView);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(mView->mToolBar);
-    layout->addLayout(body, 1);
+    layout->addWidget(buildTop());
+    layout->addWidget(buildCanvas(), 1);
     buildDialogs();
     connectCanvas();
     // The tools' keys work wherever the focus is in the view, the canvas too.
     mView->addActions(mView->mTools->actions());
 }
 
-QWidget* ViewBuilder::buildSide()
+// The colours and the tools above the canvas: screens are wider than tall,
+// and the tab is often narrow between the docks.
+QWidget* ViewBuilder::buildTop()
 {
-    auto* side = new QWidget(mView);
-    side->setObjectName(QStringLiteral("imageSide"));
-    side->setFixedWidth(SideWidth);
-    mView->mTools = new ToolPalette(side);
+    auto* top = new QWidget(mView);
+    top->setObjectName(QStringLiteral("imageTools"));
+    mView->mTools = new ToolPalette(top);
     mView->mTools->addTools(imageTools());
     mView->mTools->setState(ToolButton::Draw);
     // The checker starts off on this canvas; the button says so.
     mView->mTools->action(ToolButton::Grid)->setChecked(false);
-    mView->mColours = new ColourSelector(0, side);
-    auto* layout = new QVBoxLayout(side);
+    mView->mColours = new ColourSelector(0, top);
+    auto* layout = new QHBoxLayout(top);
     layout->setContentsMargins(4, 4, 4, 4);
-    layout->addWidget(mView->mColours);
-    layout->addWidget(mView->mTools);
-    layout->addStretch();
-    return side;
+    layout->addWidget(mView->mColours, 0, Qt::AlignTop);
+    layout->addWidget(mView->mTools, 1, Qt::AlignTop);
+    return top;
 }
 
 QWidget* ViewBuilder::buildCanvas()
@@ -112,6 +107,7 @@ void ViewBuilder::connectCanvas()
     Canvas* canvas = mView->mCanvas;
     connect(canvas, &Canvas::scrollValuesChanged, view, &View::updateScrollAmounts);
     connect(canvas, &Canvas::scrollPositionChanged, view, &View::updateScrollBars);
+    connect(canvas, &Canvas::scrollValuesChanged, view, &View::fitOnce);
     // The canvas's position slots are crossed in name: the vertical bar
     // drives setHorizontalPosition, which moves the rows.
     connect(view->mVertical, &QScrollBar::valueChanged, canvas, &Canvas::setHorizontalPosition);

@@ -21,7 +21,7 @@ public:
     void setColourSelector(int mode);
 
 private:
-    QWidget* buildSide();
+    QWidget* buildTop();
     QWidget* buildCanvas();
     void buildDialogs();
     void connectCanvas();
