@@ -218,6 +218,18 @@ void TestImageEditor::sixteenColourScreenKeepsFourBits()
     open(ImageMode::Layer2_640x256);
     QCOMPARE(mView->colourSelector()->picker()->mode(), ColourPalette::Bank16);
     // What a paste from a 256-colour picture would bring.
+    // The bar reaches the last rows of the picture, two screen rows each.
+    mCanvas->setZoomLevel(4);
+    const int rows = mCanvas->imageArea().height() / 8;
+    QVERIFY(rows < 256);
+    QCOMPARE(mView->verticalScrollBar()->maximum(), 256 - rows);
+    QKeyEvent down(QEvent::ShortcutOverride, Qt::Key_Down, Qt::NoModifier);
+    for (int i = 0; i <= 256 - rows; ++i)
+        QApplication::sendEvent(mView.get(), &down);
+    QCOMPARE(mCanvas->scrollOffset().y(), 256 - rows);
+    QCOMPARE(mView->verticalScrollBar()->value(), 256 - rows);
+    mCanvas->setZoomLevel(1);
+
     mCanvas->setInk(0x25);
     stroke(at(4, 4), at(4, 4));
     QCOMPARE(mImage->image().pixelIndex(4, 4), 0x05);

@@ -189,6 +189,10 @@ void View::pushEdit(const QString& text, const QImage& before, const QImage& aft
 
 void View::updateScrollAmounts(int horizontal, int vertical)
 {
+    // The canvas counts each row of a double-height picture once; the bar
+    // has to reach the last rows that the wheel and the arrows reach.
+    if (mCanvas->doubleHeight())
+        vertical = mCanvas->image().height() - mCanvas->imageArea().height() / mCanvas->zoomY();
     mVertical->setRange(0, vertical);
     mHorizontal->setRange(0, horizontal);
 }

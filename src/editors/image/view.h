@@ -57,7 +57,8 @@ public:
     void pushEdit(const QString& text, const QImage& before, const QImage& after, int canvasKind) override;
 
 public slots:
-    // Unlike ScrollCanvas, the bars stay in sight at a range of 0.
+    // Unlike ScrollCanvas, the bars stay in sight at a range of 0. The
+    // vertical range of a double-height picture counts its screen rows.
     void updateScrollAmounts(int horizontal, int vertical);
     void updateScrollBars(QPoint pos);
     // Open and Save ask for a file; every other button goes to the canvas.
