@@ -7,6 +7,7 @@ void benchInterchange(BenchTable& table);
 void benchProject(BenchTable& table, const QString& cli);
 void benchCli(BenchTable& table, const QString& cli);
 void benchCanvas(BenchTable& table);
+void benchImageEditor(BenchTable& table);
 
 int main(int argc, char** argv)
 {
@@ -21,6 +22,7 @@ int main(int argc, char** argv)
     benchProject(table, TINTOREL_CLI);
     benchCli(table, TINTOREL_CLI);
     benchCanvas(table);
+    benchImageEditor(table);
     table.print();
     return table.allMet() ? 0 : 1;
 }
