@@ -17,7 +17,7 @@ ToolBar::ToolBar(QWidget* parent)
     setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     mGridLines = addAction(themedIcon(QStringLiteral(":/Grid")), tr("Grid Lines"));
     mGridLines->setCheckable(true);
-    mGridLines->setToolTip(tr("Lines over the picture, every pixel from zoom 16 on"));
+    mGridLines->setToolTip(tr("Show grid lines over the picture"));
     connect(mGridLines, &QAction::toggled, this, &ToolBar::gridLinesToggled);
     addSeparator();
     mMode->setObjectName(QStringLiteral("mode"));
