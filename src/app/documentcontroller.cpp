@@ -183,8 +183,8 @@ void DocumentController::projectOpened(Project* project)
         mScratchEditor->setUndoStack(stack(QUuid()));
         // The first palette of a project that had none becomes the scratch
         // palette now, as it would when the project is next opened.
-        connect(project, &Project::paletteCreated, mScratchEditor, [this, project](QPointer<Palette> palette) {
-            if (palette && !project->palette(project->scratchPalette())) {
+        connect(project, &Project::paletteCreated, this, [this, project](QPointer<Palette> palette) {
+            if (mScratchEditor && palette && !project->palette(project->scratchPalette())) {
                 project->setScratchPalette(palette->id());
                 mScratchEditor->setScratch(project, palette);
             }

@@ -112,8 +112,17 @@ void TestImageTabs::scratchEditsTheProjectAndSurvivesSaveAndReopen()
     QCOMPARE(mWindow->tabView()->tabText(mWindow->tabView()->currentIndex()), QStringLiteral("Scratch Image Editor"));
     QVERIFY(scratch->isScratch());
 
-    stroke(scratch->canvas(), 10, 20);
+    // Without palettes the standard colours show; the first palette made
+    // becomes the scratch palette, as a reopen would make it.
     const QPointer<Project> project = mWindow->projectController()->project();
+    QVERIFY(project->scratchPalette().isNull());
+    const QPointer<Palette> first = project->createPalette(CreateAction::NewBlank, "First");
+    QCOMPARE(project->scratchPalette(), first->id());
+    QCOMPARE(scratch->shownPalette(), first);
+    project->createPalette(CreateAction::Standard, "Second");
+    QCOMPARE(project->scratchPalette(), first->id());
+
+    stroke(scratch->canvas(), 10, 20);
     QCOMPARE(project->scratchImage().pixelIndex(10, 20), 1);
     QCOMPARE(group()->activeStack(), mWindow->documentController()->stack(QUuid()));
     QCOMPARE(group()->activeStack()->count(), 1);
