@@ -11,11 +11,11 @@
 
 class EditRecorder;
 class Project;
+class ProjectController;
+class QUndoStack;
 namespace ImageEditor {
 class View;
 }
-class ProjectController;
-class QUndoStack;
 
 // Decides which asset each editor shows: turns a choice in the project
 // tree or a change of tab into the right tab and the right undo stack, and

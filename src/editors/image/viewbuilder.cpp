@@ -20,8 +20,9 @@ namespace {
 
 const QString PictureFilter = QStringLiteral("Images (*.png *.xpm *.jpg *.bmp)");
 
-// Every tool of the pixel editors but those that mean nothing on a whole
-// screen of fixed size.
+// Every tool of the pixel editors but two the canvas does nothing with
+// (Erase, Crop), Resize, which a screen of fixed size has no use for, and
+// the palette, which has its own dock.
 QList<ToolButton> imageTools()
 {
     QList<ToolButton> tools = ToolPalette::tools();
