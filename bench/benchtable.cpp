@@ -47,7 +47,8 @@ void BenchTable::print() const
         const QByteArray median = QString("%1 %2").arg(row.median, 0, 'f', 3).arg(row.unit).toUtf8();
         const bool info = row.target <= 0;
         const QByteArray target = info ? QByteArray("-") : QString("< %1 %2").arg(row.target).arg(row.unit).toUtf8();
-        printf("| %-60s | %12s | %10s | %4d | %-4s |\n", row.name.toUtf8().constData(), median.constData(),
+        // Padded by characters, not bytes, so a name with "×" keeps the columns.
+        printf("| %s | %12s | %10s | %4d | %-4s |\n", row.name.leftJustified(60).toUtf8().constData(), median.constData(),
                target.constData(), row.runs, info ? "" : row.median < row.target ? "yes" : "NO");
     }
     fflush(stdout);

@@ -8,6 +8,7 @@ void benchProject(BenchTable& table, const QString& cli);
 void benchCli(BenchTable& table, const QString& cli);
 void benchCanvas(BenchTable& table);
 void benchEditors(BenchTable& table);
+void benchImageEditor(BenchTable& table);
 
 int main(int argc, char** argv)
 {
@@ -23,6 +24,7 @@ int main(int argc, char** argv)
     benchCli(table, TINTOREL_CLI);
     benchCanvas(table);
     benchEditors(table);
+    benchImageEditor(table);
     table.print();
     return table.allMet() ? 0 : 1;
 }

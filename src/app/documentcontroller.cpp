@@ -2,7 +2,10 @@
 
 #include "app/documenttabview.h"
 #include "app/editorwiring.h"
+#include "app/menubar.h"
 #include "app/projectcontroller.h"
+#include "app/viewmenu.h"
+#include "editors/image/view.h"
 #include "editors/palette/palettewindow.h"
 #include "editors/block/blockselectorwindow.h"
 #include "editors/sprite/spritewindow.h"
@@ -37,6 +40,7 @@ DocumentController::DocumentController(const DocumentViews& views, ProjectContro
         connect(tabs, &DocumentTabView::ScratchEditorActivated, this, &DocumentController::scratchEditorActivated);
     }
     new EditorWiring(this, mViews, projects);
+    connectImageEditors();
     // A colour edited in the dock is undone from the Edit menu like any other edit.
     if (PaletteWindow* palettes = mViews.paletteWindow)
         connect(palettes, &PaletteWindow::paletteChanged, this, [this] {
@@ -46,6 +50,39 @@ DocumentController::DocumentController(const DocumentViews& views, ProjectContro
 }
 
 DocumentController::~DocumentController() = default;
+
+// An image opens in a tab of its own; the scratch picture has one view for
+// the window's life, which takes each project's scratch image in turn.
+void DocumentController::connectImageEditors()
+{
+    DocumentTabView* tabs = mViews.tabView;
+    if (!tabs)
+        return;
+    tabs->registerEditor(DocumentTabView::ImageDocument, [this](const QUuid& id) { return makeImageEditor(id); });
+    mScratchEditor = new ImageEditor::View(tabs);
+    // Out of sight until the view menu adds its tab.
+    mScratchEditor->hide();
+    tabs->setScratchEditor(mScratchEditor);
+    if (MenuBar* menus = mViews.menuBar)
+        connect(tabs, &DocumentTabView::scratchEditorVisibilityChanged, menus->viewMenu(),
+                [menus](bool visible) { menus->viewMenu()->setChecked(ViewMenu::ScratchImageEditor, visible); });
+}
+
+ImageEditor::View* DocumentController::scratchEditor() const
+{
+    return mScratchEditor;
+}
+
+QWidget* DocumentController::makeImageEditor(const QUuid& imageId)
+{
+    const QPointer<Image> image = mProject ? mProject->image(imageId) : nullptr;
+    if (!image)
+        return nullptr;
+    auto* view = new ImageEditor::View;
+    view->setImage(image);
+    view->setUndoStack(stack(imageId));
+    return view;
+}
 
 QUndoStack* DocumentController::stack(const QUuid& id)
 {
@@ -116,11 +153,24 @@ void DocumentController::projectOpened(Project* project)
     mProject = project;
     mRecorder = std::make_unique<EditRecorder>([this](const QUuid& id) { return stack(id); });
     trackAll(*project);
-    stack(QUuid()); // the scratch image's
     if (mViews.blockSelector)
         mViews.blockSelector->setProject(project);
     if (mViews.mapSprites)
         mViews.mapSprites->setProject(project);
+    if (mScratchEditor) {
+        mScratchEditor->setScratch(project, project->palette(project->scratchPalette()));
+        mScratchEditor->setUndoStack(stack(QUuid()));
+        // The first palette of a project that had none becomes the scratch
+        // palette now, as it would when the project is next opened.
+        connect(project, &Project::paletteCreated, this, [this, project](QPointer<Palette> palette) {
+            if (mScratchEditor && palette && !project->palette(project->scratchPalette())) {
+                project->setScratchPalette(palette->id());
+                mScratchEditor->setScratch(project, palette);
+            }
+        });
+    } else {
+        stack(QUuid()); // the scratch image's
+    }
     const QStringList documents = project->openDocuments();
     for (const QString& text : documents) {
         const QUuid id = QUuid::fromString(text);
@@ -138,6 +188,10 @@ void DocumentController::projectClosed()
     if (mViews.tabView)
         mViews.tabView->clearDocuments();
     mRecorder.reset();
+    if (mScratchEditor) {
+        mScratchEditor->setScratch(nullptr, nullptr);
+        mScratchEditor->setUndoStack(nullptr);
+    }
     for (QUndoStack* stack : std::as_const(mStacks))
         delete stack;
     mStacks.clear();
@@ -247,4 +301,7 @@ void DocumentController::setActiveImageEditor(const QUuid& imageId)
 void DocumentController::scratchEditorActivated()
 {
     mGroup.setActiveStack(stack(QUuid()));
+    // The Palette Editor shows the colours the scratch picture is painted in.
+    if (mProject)
+        setActivePalette(mProject->scratchPalette());
 }

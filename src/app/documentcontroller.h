@@ -13,6 +13,9 @@ class EditRecorder;
 class Project;
 class ProjectController;
 class QUndoStack;
+namespace ImageEditor {
+class View;
+}
 
 // Decides which asset each editor shows: turns a choice in the project
 // tree or a change of tab into the right tab and the right undo stack, and
@@ -37,6 +40,9 @@ public:
     void collectOpenDocuments();
 
     QPointer<Project> project() const { return mProject; }
+    // The one scratch image editor; null without a tab view.
+    ImageEditor::View* scratchEditor() const;
+
     QUuid activePalette() const { return mActivePalette; }
     QUuid activeTileSet() const { return mActiveTileSet; }
 
@@ -59,6 +65,8 @@ signals:
     void historyChanged();
 
 private:
+    void connectImageEditors();
+    QWidget* makeImageEditor(const QUuid& imageId);
     void projectOpened(Project* project);
     void projectClosed();
     void trackAll(Project& project);
@@ -69,6 +77,7 @@ private:
     QUndoGroup mGroup;
     QHash<QUuid, QUndoStack*> mStacks;
     std::unique_ptr<EditRecorder> mRecorder;
+    QPointer<ImageEditor::View> mScratchEditor;
     QUuid mActivePalette;
     QUuid mActiveTileSet;
 };

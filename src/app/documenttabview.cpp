@@ -91,7 +91,9 @@ void DocumentTabView::closeTab(int index)
         return;
     removeTab(index);
     // The scratch editor lives as long as the window; document pages go.
-    if (page != mScratchEditor)
+    if (page == mScratchEditor)
+        emit scratchEditorVisibilityChanged(false);
+    else
         page->deleteLater();
 }
 
@@ -124,4 +126,7 @@ void DocumentTabView::setScratchEditorVisible(bool visible)
         setCurrentIndex(addTab(mScratchEditor, tr("Scratch Image Editor")));
     else if (!visible && index >= 0)
         removeTab(index);
+    else
+        return;
+    emit scratchEditorVisibilityChanged(visible);
 }

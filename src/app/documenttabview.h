@@ -43,6 +43,9 @@ signals:
     void SpriteEditorActivated(QUuid id);
     void BlockEditorActivated(QUuid id);
     void showAnimPicker();
+    // The scratch tab came or went, by the view menu, its close button or
+    // the close of the project.
+    void scratchEditorVisibilityChanged(bool visible);
 
 private:
     QHash<int, PageFactory> mFactories;

@@ -25,6 +25,11 @@ QSize Image::sizeOf(Tintorel::ImageMode mode)
     return {};
 }
 
+int Image::colourCount(Tintorel::ImageMode mode)
+{
+    return mode == Tintorel::ImageMode::Layer2_640x256 ? 16 : 256;
+}
+
 QUuid Image::paletteId() const
 {
     return mPalette ? mPalette->id() : QUuid();

@@ -18,6 +18,9 @@ public:
 
     // The pixel size of a mode; an empty size for a value outside the table.
     static QSize sizeOf(Tintorel::ImageMode mode);
+    // The colours a mode can show at once: 16 for the 640-wide mode, whose
+    // pixels are four bits on the machine, 256 for the others.
+    static int colourCount(Tintorel::ImageMode mode);
 
     QUuid id() const { return mId; }
     void setId(const QUuid& id) { mId = id; }

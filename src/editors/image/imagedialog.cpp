@@ -11,13 +11,10 @@ using Tintorel::ImageMode;
 
 namespace {
 
-// Every mode holds 256 colours but the wide one, which packs two 4-bit
-// pixels to a byte on the machine.
 QString resolutionText(ImageMode mode)
 {
     const QSize size = Image::sizeOf(mode);
-    const int colours = mode == ImageMode::Layer2_640x256 ? 16 : 256;
-    return QStringLiteral("%1x%2 %3 colours").arg(size.width()).arg(size.height()).arg(colours);
+    return QStringLiteral("%1x%2 %3 colours").arg(size.width()).arg(size.height()).arg(Image::colourCount(mode));
 }
 
 } // namespace
