@@ -3,6 +3,7 @@
 #include "model/animatedblocks.h"
 #include "model/animationproperties.h"
 #include "model/map.h"
+#include "model/mapobjects.h"
 #include "model/palette.h"
 #include "model/spriteanim.h"
 #include "model/spritebank.h"
@@ -153,12 +154,28 @@ void MapRenderer::showBlocksAt(Map& map, const std::function<const TileAnimation
         return;
     for (const auto& placement : map.blocks()->list()) {
         const TileAnimation* block = find(placement->animationId());
-        if (!block || block->frameCount() == 0)
+        // Before the first tick the layer shows what was saved.
+        if (!block || block->frameCount() == 0 || ticks <= 0)
             continue;
-        // From tick 0 a block steps at every multiple of its delay.
-        const int frame = block->delay() > 0 ? int((ticks / block->delay()) % block->frameCount()) : 0;
-        map.showBlockFrame(placement->rect().topLeft(), *block, frame);
+        // A fresh block shows frame 0 at tick 0, then steps at each later
+        // tick that is a multiple of its delay; with no delay it stays.
+        const qint64 steps = block->delay() > 0 ? (ticks - 1) / block->delay() : 0;
+        map.showBlockFrame(placement->rect().topLeft(), *block, int(steps % block->frameCount()));
     }
+}
+
+void MapRenderer::showBlocksAt(const Project& project, Map& map, qint64 ticks)
+{
+    QList<MapObjects*> sets;
+    for (const QPointer<MapObjects>& set : project.blockLists())
+        if (set && set->tileSetId() == map.tileSetId())
+            sets.append(set);
+    showBlocksAt(map, [&sets](const QUuid& id) -> const TileAnimation* {
+        for (auto set = sets.crbegin(); set != sets.crend(); ++set)
+            if (const QSharedPointer<TileAnimation> block = (*set)->tileAnimation(id))
+                return block.data();
+        return nullptr;
+    }, ticks);
 }
 
 QImage MapRenderer::indexedIfPossible(const QImage& picture)

@@ -52,9 +52,13 @@ public:
     // The frame a placed sprite's animation shows at a tick: from its start
     // frame after its initial delay, holding the last step for its repeat delay.
     static int frameFor(const Map::PlacedSprite& sprite, int frameCount, int delay, qint64 ticks);
-    // The frame every placed block shows when the clock has run from 0 to
-    // `ticks`, written into the map's object layer, as the running clock would.
+    // The frame every placed block shows once a freshly opened map's clock
+    // has run `ticks` ticks, written into the map's object layer as the
+    // running clock would.
     static void showBlocksAt(Map& map, const std::function<const TileAnimation*(const QUuid&)>& find, qint64 ticks);
+    // The same, with each block looked up in the project's sets over the
+    // map's tile set, the last set holding it winning as on the clock.
+    static void showBlocksAt(const Project& project, Map& map, qint64 ticks);
 
     // Exact 8-bit form when the picture has 256 colours or fewer, so that
     // what a build reads back is the machine's indices and the file is small;

@@ -99,6 +99,16 @@ void MapGrid::setUndoStack(QUndoStack* stack)
     mUndoStack = stack;
 }
 
+bool MapGrid::spriteTemplateUsable() const
+{
+    if (!mHasSpriteTemplate)
+        return false;
+    for (const QPointer<SpriteBank>& bank : mSpriteBanks)
+        if (bank && bank->id() == mSpriteTemplate.bank)
+            return true;
+    return false;
+}
+
 void MapGrid::layoutMap()
 {
     const QSize mapSize = mMap ? mMap->size() : QSize(0, 0);

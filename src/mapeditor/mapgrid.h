@@ -94,6 +94,9 @@ public:
     QPointer<TileAnimation> currentAnimation() const { return mCurrentAnimation; }
     Map::PlacedSprite spriteTemplate() const { return mSpriteTemplate; }
     bool hasSpriteTemplate() const { return mHasSpriteTemplate; }
+    // A template whose bank is still among the grid's banks: one deleted
+    // since it was chosen places nothing.
+    bool spriteTemplateUsable() const;
     QList<QPointer<SpriteBank>> spriteBanks() const { return mSpriteBanks; }
     qint64 spriteTicks() const { return mSpriteTicks; }
     bool gridVisible() const { return mGridVisible; }

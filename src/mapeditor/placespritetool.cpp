@@ -41,7 +41,7 @@ bool PlaceSpriteTool::press(QMouseEvent* event)
         grid->beginEdit();
         return true;
     }
-    if (!grid->hasSpriteTemplate()) {
+    if (!grid->spriteTemplateUsable()) {
         grid->setSelectedSprite(-1);
         return true;
     }
@@ -103,7 +103,7 @@ void PlaceSpriteTool::release(QMouseEvent*)
 void PlaceSpriteTool::paintOverGrid(MapPainter& painter)
 {
     Map* map = grid->map();
-    if (!grid->hasSpriteTemplate() || mDragIndex >= 0 || grid->hoverSprite() >= 0 || grid->hoverCell().x() < 0
+    if (!grid->spriteTemplateUsable() || mDragIndex >= 0 || grid->hoverSprite() >= 0 || grid->hoverCell().x() < 0
         || !map->spriteLayerVisible())
         return;
     Map::PlacedSprite ghost = grid->spriteTemplate();

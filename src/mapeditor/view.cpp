@@ -163,6 +163,12 @@ void View::setTileIndex(int index)
 
 void View::setMapObject(QPointer<TileAnimation> anim)
 {
+    // Blocks go onto the object layer; on a hidden one a click would place
+    // nothing, so choosing a block shows it.
+    if (anim && mMap && !mMap->objectLayerVisible()) {
+        mGrid.setObjectVisibility(true);
+        syncToolBar();
+    }
     mGrid.setCurrentTileAnimation(anim);
     emit placeAnimModeEnabled();
 }

@@ -249,6 +249,11 @@ void TestCli::failures_data()
                                               << "Missing value after '--out'";
     QTest::newRow("scale 0") << QStringList { "render", "PROJECT", "--map", "Forest", "--out", "x.png", "--scale", "0" }
                              << 2 << "tintorel-cli render: scale must be 1 to 64";
+    QTest::newRow("tick below 0") << QStringList { "render", "PROJECT", "--map", "Forest", "--out", "x.png", "--tick", "-1" }
+                                  << 2 << "tintorel-cli render: tick must be a whole number from 0";
+    QTest::newRow("unknown layer") << QStringList { "render", "PROJECT", "--map", "Forest", "--out", "x.png",
+                                                    "--layers", "tiles,clouds" }
+                                   << 2 << "tintorel-cli render: layers must be a list of tiles, objects and sprites";
     QTest::newRow("missing project") << QStringList { "info", missing } << 1 << "no such project file";
     QTest::newRow("unknown map") << QStringList { "export", "PROJECT", "--out", "OUT", "--map", "Nope" } << 1
                                  << "No map named Nope";
