@@ -1,3 +1,4 @@
+#include "benchfixtures.h"
 #include "benchtable.h"
 
 #include "model/map.h"
@@ -7,7 +8,6 @@
 #include "model/tileset.h"
 
 #include <QImage>
-#include <malloc.h>
 
 namespace {
 
@@ -26,36 +26,12 @@ QImage manyColourPicture()
     return picture;
 }
 
-// A 256 x 256 map painted with all 512 tiles in every orientation and bank.
-void fillMap(TileMap& map)
-{
-    for (int y = 0; y < map.height(); ++y)
-        for (int x = 0; x < map.width(); ++x) {
-            const int n = y * map.width() + x;
-            TileMap::TileData data;
-            data.index = n % 512;
-            data.rotate = n & 1;
-            data.flip = n & 2;
-            data.mirror = n & 4;
-            data.offset = (n / 8) % 16;
-            data.visible = (n % 13) != 0;
-            map.setCell(QPoint(x, y), data);
-        }
-}
-
 void benchTileMap(BenchTable& table)
 {
     Palette palette;
     palette.loadStandard();
     TileSet tiles(512);
-    tiles.setPalette(&palette);
-    for (int i = 0; i < tiles.count(); ++i) {
-        QImage image(8, 8, QImage::Format_Indexed8);
-        image.setColorTable(palette.rgbTable());
-        for (int p = 0; p < 64; ++p)
-            image.setPixel(p % 8, p / 8, (i + p) % 16);
-        tiles.setTileImage(i, image);
-    }
+    fillTiles(tiles, palette);
     TileMap map(256, 256);
     map.setTileSet(&tiles);
     fillMap(map);
@@ -85,11 +61,6 @@ void benchTileMap(BenchTable& table)
                   [&] { map.scaledPreview(QRect(10, 10, 64, 40), 4, 0); });
     table.measure("TileMap::scaledPreview 64x40 cells, 32 px a cell", "ms", 5, 15,
                   [&] { map.scaledPreview(QRect(10, 10, 64, 40), 32, 0); });
-}
-
-double heapMegabytes()
-{
-    return double(mallinfo2().uordblks) / (1024.0 * 1024.0);
 }
 
 // Everything a large map holds once shown: both layers' cells and both

@@ -28,7 +28,29 @@ void BenchTable::measure(const QString& name, const QString& unit, double target
         work();
         times.append(double(timer.nsecsElapsed()) * scaleFor(unit) / perCall);
     }
+    addMedian(name, unit, target, times);
+}
+
+void BenchTable::measureStep(const QString& name, const QString& unit, double target, int runs,
+                             const std::function<void()>& prepare, const std::function<void()>& work)
+{
+    prepare();
+    work();
+    QList<double> times;
+    for (int i = 0; i < runs; ++i) {
+        prepare();
+        QElapsedTimer timer;
+        timer.start();
+        work();
+        times.append(double(timer.nsecsElapsed()) * scaleFor(unit));
+    }
+    addMedian(name, unit, target, times);
+}
+
+void BenchTable::addMedian(const QString& name, const QString& unit, double target, QList<double> times)
+{
     std::sort(times.begin(), times.end());
+    const int runs = int(times.size());
     const double median = runs % 2 ? times[runs / 2] : (times[runs / 2 - 1] + times[runs / 2]) / 2;
     mRows.append({ name, unit, median, target, runs });
 }

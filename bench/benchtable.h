@@ -12,6 +12,10 @@ public:
     // the given unit ("s", "ms" or "us"), divided by `perCall` repetitions.
     void measure(const QString& name, const QString& unit, double target, int runs,
                  const std::function<void()>& work, int perCall = 1);
+    // The same for work that needs a fresh start each time: `prepare` runs
+    // before every timed call of `work`, outside the timing.
+    void measureStep(const QString& name, const QString& unit, double target, int runs,
+                     const std::function<void()>& prepare, const std::function<void()>& work);
     // A figure measured elsewhere, such as a memory size or a median taken
     // beside another; a target of 0 marks a figure shown for comparison.
     void record(const QString& name, const QString& unit, double value, double target, int runs = 1);
@@ -19,6 +23,8 @@ public:
     bool allMet() const;
 
 private:
+    void addMedian(const QString& name, const QString& unit, double target, QList<double> times);
+
     struct Row
     {
         QString name;

@@ -1,5 +1,6 @@
 #include "interchange/maprenderer.h"
 
+#include "interchange/layercompositor.h"
 #include "model/animatedblocks.h"
 #include "model/animationproperties.h"
 #include "model/map.h"
@@ -36,37 +37,24 @@ MapRenderer::MapRenderer(const Project& project, const Map& map)
 {
 }
 
-void MapRenderer::paintBackground(QPainter& painter, const QRect& target, int cellPixels) const
+QImage MapRenderer::composeLayers(const QRect& cells, int cellPixels, Layers layers) const
 {
+    LayerCompositor compositor(cells, cellPixels);
     const QPointer<TileSet> tiles = mMap.tileSet();
-    const int background = mBackgroundTile;
-    if (!tiles || background < 0 || background >= tiles->count()) {
-        painter.fillRect(target, Qt::black);
-        return;
+    if (!tiles)
+        return compositor.compose();
+    if (mBackgroundTile >= 0 && mBackgroundTile < tiles->count()) {
+        QImage texture =
+            tiles->render(mBackgroundTile, false, false, false, tiles->tileOffset(mBackgroundTile));
+        if (tiles->palette())
+            texture.setColorTable(tiles->palette()->rgbTable());
+        compositor.setBackground(texture);
     }
-    QImage texture = tiles->render(background, false, false, false, tiles->tileOffset(background));
-    if (tiles->palette())
-        texture.setColorTable(tiles->palette()->rgbTable());
-    // The tiling starts at the corner of the target, whatever the scroll.
-    painter.save();
-    painter.setBrushOrigin(target.topLeft());
-    painter.fillRect(target, QBrush(texture.scaled(cellPixels, cellPixels)));
-    painter.restore();
-}
-
-void MapRenderer::paintLayers(QPainter& painter, const QPoint& origin, const QRect& cells, int cellPixels,
-                              Layers layers) const
-{
-    if (!mMap.tileSet() || cellPixels <= 0)
-        return;
-    const int transparency = mTransparencyIndex;
-    const double scale = cellPixels;
     if (layers.testFlag(Tiles) && mMap.tileMap() && mMap.tileMap()->isVisible())
-        painter.drawImage(origin, mMap.tileMap()->scaledPreview(cells, scale, transparency)
-                                      .convertToFormat(QImage::Format_ARGB32_Premultiplied));
+        compositor.addLayer(mMap.tileMap()->picture(), mTransparencyIndex);
     if (layers.testFlag(Objects) && mMap.objectMap() && mMap.objectMap()->isVisible())
-        painter.drawImage(origin, mMap.objectMap()->scaledPreview(cells, scale, transparency)
-                                      .convertToFormat(QImage::Format_ARGB32_Premultiplied));
+        compositor.addLayer(mMap.objectMap()->picture(), mTransparencyIndex);
+    return compositor.compose();
 }
 
 int MapRenderer::frameFor(const Map::PlacedSprite& sprite, int frameCount, int delay, qint64 ticks)
@@ -133,17 +121,12 @@ void MapRenderer::paintSprites(QPainter& painter, const std::function<QPoint(con
 QImage MapRenderer::render(int scale, qint64 ticks, Layers layers) const
 {
     scale = qMax(1, scale);
-    const QSize cells = mMap.size();
-    const int cell = CellPixels * scale;
-    QImage target(cells * cell, QImage::Format_ARGB32_Premultiplied);
-    if (target.isNull())
+    QImage target = composeLayers(QRect(QPoint(0, 0), mMap.size()), CellPixels * scale, layers);
+    if (target.isNull() || !layers.testFlag(Sprites))
         return target;
     QPainter painter(&target);
     painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
-    paintBackground(painter, target.rect(), cell);
-    paintLayers(painter, QPoint(0, 0), QRect(QPoint(0, 0), cells), cell, layers);
-    if (layers.testFlag(Sprites))
-        paintSprites(painter, [scale](const QPoint& p) { return p * scale; }, scale, ticks);
+    paintSprites(painter, [scale](const QPoint& p) { return p * scale; }, scale, ticks);
     return target;
 }
 

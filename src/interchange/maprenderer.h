@@ -28,12 +28,10 @@ public:
     void setBackgroundTile(int index) { mBackgroundTile = index; }
     void setTransparencyIndex(int index) { mTransparencyIndex = index; }
 
-    // The tiling of the background tile over `target`, from its top left.
-    void paintBackground(QPainter& painter, const QRect& target, int cellPixels) const;
-    // The cells `cells` of the visible layers, `cellPixels` a cell, with the
-    // top left cell at `origin`; each layer only where its flag is on.
-    void paintLayers(QPainter& painter, const QPoint& origin, const QRect& cells, int cellPixels,
-                     Layers layers = AllLayers) const;
+    // The visible layers of `cells` over the background tile (tiled from
+    // the picture's top left), `cellPixels` pixels a cell, as one opaque
+    // picture; cells outside the map show the background.
+    QImage composeLayers(const QRect& cells, int cellPixels, Layers layers = AllLayers) const;
     // The placed sprites in list order, later ones on top; `toTarget` takes a
     // map pixel to the painter's coordinates and `scale` target pixels a map pixel.
     void paintSprites(QPainter& painter, const std::function<QPoint(const QPoint&)>& toTarget, double scale,

@@ -6,6 +6,7 @@
 #include "model/spritebank.h"
 
 #include <QElapsedTimer>
+#include <QRegion>
 
 namespace MapEditor {
 
@@ -55,11 +56,10 @@ void MapPainter::paintMap()
     renderer.setBackgroundTile(mGrid->backgroundTile());
     renderer.setTransparencyIndex(mGrid->transparencyIndex());
 
-    fillRect(mGrid->rect(), mGrid->palette().window());
-    fillRect(camera.drawRect, Qt::black);
-    renderer.paintBackground(*this, camera.drawRect, camera.scaledCell);
-    const QRect cells = camera.visibleCells().intersected(QRect(QPoint(0, 0), map.size()));
-    renderer.paintLayers(*this, camera.drawRect.topLeft(), cells, camera.scaledCell);
+    // The layers cover the map's area whole; around it is the window.
+    for (const QRect& around : QRegion(mGrid->rect()).subtracted(camera.drawRect))
+        fillRect(around, mGrid->palette().window());
+    drawImage(camera.drawRect.topLeft(), renderer.composeLayers(camera.visibleCells(), camera.scaledCell));
     renderer.paintSprites(*this, [&camera](const QPoint& p) { return camera.mapPixelToWidget(p); },
                           camera.spriteScale(), mGrid->spriteTicks());
 

@@ -47,6 +47,11 @@ View::View(QPointer<Map> map, QWidget* parent)
 View::~View()
 {
     setToolBar(nullptr);
+    // The parts go one by one, and the layout resizes the grid as they go:
+    // nothing it says may reach the parts already gone.
+    disconnect(&mGrid, nullptr, this, nullptr);
+    disconnect(&mAnimator, nullptr, this, nullptr);
+    disconnect(&mPalette, nullptr, this, nullptr);
 }
 
 void View::setProject(Project* project)
@@ -163,12 +168,6 @@ void View::setTileIndex(int index)
 
 void View::setMapObject(QPointer<TileAnimation> anim)
 {
-    // Blocks go onto the object layer; on a hidden one a click would place
-    // nothing, so choosing a block shows it.
-    if (anim && mMap && !mMap->objectLayerVisible()) {
-        mGrid.setObjectVisibility(true);
-        syncToolBar();
-    }
     mGrid.setCurrentTileAnimation(anim);
     emit placeAnimModeEnabled();
 }

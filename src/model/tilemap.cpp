@@ -67,10 +67,28 @@ TileMap::TileMap(int width, int height, QObject* parent)
 
 void TileMap::setGridAndSize(const Grid& cells, int width, int height)
 {
+    const Grid before = mCells;
+    const bool sameSize = width == mWidth && height == mHeight;
     mCells = cells;
     mWidth = width;
     mHeight = height;
-    mPicture = QImage(); // never show a picture of another grid
+    if (!sameSize) {
+        mPicture = QImage(); // never show a picture of another grid
+        return;
+    }
+    // An undo puts back rows that mostly share their data with the present
+    // ones: only the cells that differ are drawn again.
+    if (mPicture.isNull())
+        return;
+    for (int y = 0; y < height; ++y) {
+        const QList<TileData>& old = before.at(y);
+        const QList<TileData>& now = mCells.at(y);
+        if (old.constData() == now.constData())
+            continue;
+        for (int x = 0; x < width; ++x)
+            if (old.at(x) != now.at(x))
+                blitCell(mPicture, QPoint(x, y), now.at(x));
+    }
 }
 
 void TileMap::setGrid(const Grid& cells)
@@ -79,9 +97,11 @@ void TileMap::setGrid(const Grid& cells)
     int width = 0;
     for (const auto& row : cells)
         width = qMax(width, int(row.size()));
+    // Rows already of the width stay shared with the caller's.
     Grid rectangular = cells;
-    for (auto& row : rectangular)
-        row.resize(width);
+    for (qsizetype y = 0; y < rectangular.size(); ++y)
+        if (rectangular.at(y).size() != width)
+            rectangular[y].resize(width);
     setGridAndSize(rectangular, width, height);
 }
 
@@ -197,10 +217,16 @@ QImage TileMap::renderRect(const QRect& area)
     return image;
 }
 
-QImage TileMap::scaledPreview(const QRect& area, double scale, int transparencyIndex)
+const QImage& TileMap::picture()
 {
     if (mPicture.isNull())
         mPicture = renderRect(rect());
+    return mPicture;
+}
+
+QImage TileMap::scaledPreview(const QRect& area, double scale, int transparencyIndex)
+{
+    picture();
     const int width = qRound(area.width() * scale);
     const int height = qRound(area.height() * scale);
     QImage result(qMax(0, width), qMax(0, height), QImage::Format_Indexed8);

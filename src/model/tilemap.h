@@ -70,6 +70,9 @@ public:
     QByteArray toNextData() const;
 
     QImage renderRect(const QRect& area);
+    // The whole layer, 8 pixels a cell, built at first need and kept up to
+    // date cell by cell after that.
+    const QImage& picture();
     QImage scaledPreview(const QRect& area, double scale, int transparencyIndex);
 
     void swapTiles(int first, int second);

@@ -24,6 +24,7 @@ class TestMapView : public QObject
     Q_OBJECT
 private slots:
     void paintUndoSaveReopen();
+    void shownViewIsDestroyedCleanly();
 };
 
 void TestMapView::paintUndoSaveReopen()
@@ -94,6 +95,21 @@ void TestMapView::paintUndoSaveReopen()
     auto* restored = qobject_cast<MapEditor::View*>(window.tabView()->currentWidget());
     QVERIFY(restored);
     QCOMPARE(restored->map(), again);
+}
+
+// Its parts go one by one while the layout still resizes the grid.
+void TestMapView::shownViewIsDestroyedCleanly()
+{
+    Project project;
+    const QPointer<Palette> palette = project.createPalette(CreateAction::Standard, "Colours");
+    const QPointer<TileSet> tiles = project.createTileSet("Tiles", palette->id(), 16);
+    const QPointer<Map> map = project.createMap("Level", tiles->id(), QSize(300, 200));
+    auto* view = new MapEditor::View(map);
+    view->setProject(&project);
+    view->resize(800, 600);
+    view->show();
+    QVERIFY(QTest::qWaitForWindowExposed(view));
+    delete view;
 }
 
 QTEST_MAIN(TestMapView)
