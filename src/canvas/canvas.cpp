@@ -12,6 +12,7 @@
 #include "canvas/pickcanvastool.h"
 #include "canvas/rectanglecanvastool.h"
 #include "canvas/selectcanvastool.h"
+#include "history/edittarget.h"
 #include "model/indexedpixels.h"
 #include "model/palette.h"
 
@@ -90,6 +91,14 @@ Canvas::Canvas(const QSize& size, QWidget* parent)
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_MouseTracking);
     setFocusPolicy(Qt::StrongFocus);
+}
+
+void Canvas::sendEditsTo(EditTarget* target, QObject* context)
+{
+    connect(this, &Canvas::edited, context,
+            [target](const QString& text, const QImage& before, const QImage& after, int kind) {
+                target->pushEdit(text, before, after, kind);
+            });
 }
 
 Canvas::~Canvas() = default;

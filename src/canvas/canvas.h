@@ -15,6 +15,8 @@
 #include <functional>
 #include <memory>
 
+class EditTarget;
+
 class CanvasClipboard;
 class CanvasTool;
 class Palette;
@@ -31,6 +33,9 @@ public:
     // `size` is the image's size in pixels.
     explicit Canvas(const QSize& size, QWidget* parent = nullptr);
     ~Canvas() override;
+
+    // Every finished edit goes to `target` as an undo step, while `context` lives.
+    void sendEditsTo(EditTarget* target, QObject* context);
 
     QSize sizeHint() const override;
 

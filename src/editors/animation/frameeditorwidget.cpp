@@ -97,6 +97,19 @@ QSize FrameEditorWidget::sizeHint() const
     return mAnimation->size() * cellSize();
 }
 
+bool FrameEditorWidget::applyTool(Tintorel::Ui::ToolButton button, bool checked)
+{
+    using Tintorel::Ui::ToolButton;
+    switch (button) {
+    case ToolButton::ZoomIn: zoomIn(); return true;
+    case ToolButton::ZoomOut: zoomOut(); return true;
+    case ToolButton::RotateCW: setRotated(checked); return true;
+    case ToolButton::Flip: setFlipped(checked); return true;
+    case ToolButton::Mirror: setMirrored(checked); return true;
+    default: return false;
+    }
+}
+
 void FrameEditorWidget::zoomIn()
 {
     mScale = qMin(mScale * 2, MaxScale);

@@ -1,5 +1,6 @@
 #pragma once
 #include "model/animationframe.h"
+#include "model/tintorelui.h"
 
 #include <QImage>
 #include <QMenu>
@@ -40,6 +41,8 @@ public:
     QMenu* menu() { return &mMenu; }
     QString dragFormat() const;
     QSize sizeHint() const override;
+    // The tool strip's zoom and turn buttons; false for any other button.
+    bool applyTool(Tintorel::Ui::ToolButton button, bool checked);
 
 public slots:
     void setRotated(bool rotated);

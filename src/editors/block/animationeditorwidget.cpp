@@ -128,14 +128,8 @@ void AnimationEditorWidget::selectionChanged()
 
 void AnimationEditorWidget::changeTileState(ToolButton button, bool checked)
 {
-    switch (button) {
-    case ToolButton::ZoomIn: mFrames->zoomIn(); break;
-    case ToolButton::ZoomOut: mFrames->zoomOut(); break;
-    case ToolButton::RotateCW: mFrames->setRotated(checked); break;
-    case ToolButton::Flip: mFrames->setFlipped(checked); break;
-    case ToolButton::Mirror: mFrames->setMirrored(checked); break;
-    default: qWarning() << "Unhandled block tool" << button; break;
-    }
+    if (!mFrames->applyTool(button, checked))
+        qWarning() << "Unhandled block tool" << button;
 }
 
 void AnimationEditorWidget::resetOffsets()

@@ -115,10 +115,7 @@ void ViewBuilder::connectCanvas()
     connect(view->mHorizontal, &QScrollBar::valueChanged, canvas, &Canvas::setVerticalPosition);
     connect(view->mTools, &ToolPalette::actionActivated, view, &View::changeMode);
     connect(canvas, &Canvas::imageChanged, view, &View::canvasChanged);
-    connect(canvas, &Canvas::edited, view,
-            [view](const QString& text, const QImage& before, const QImage& after, int kind) {
-                view->pushEdit(text, before, after, kind);
-            });
+    canvas->sendEditsTo(view, view);
     connect(canvas, &Canvas::foregroundPicked, view, &View::setForeIndex);
     connect(canvas, &Canvas::backgroundPicked, view, &View::setBackIndex);
     connect(view->mToolBar, &ToolBar::gridLinesToggled, view, [view, canvas](bool visible) {

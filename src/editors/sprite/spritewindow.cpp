@@ -117,10 +117,7 @@ void SpriteWindow::connectWidgets()
     connect(mColours, &ColourSelector::backColourChanged, mCanvas, &Canvas::setPaper);
     connect(mTools, &ToolPalette::actionActivated, mCanvas, &Canvas::setMode);
     connect(mCanvas, &Canvas::imageChanged, this, &SpriteWindow::updateSpriteImage);
-    connect(mCanvas, &Canvas::edited, this,
-            [this](const QString& text, const QImage& before, const QImage& after, int kind) {
-                pushEdit(text, before, after, kind);
-            });
+    mCanvas->sendEditsTo(this, this);
     connect(mCanvas, &Canvas::foregroundPicked, mColours, &ColourSelector::setForeIndex);
     connect(mCanvas, &Canvas::backgroundPicked, mColours, &ColourSelector::setBackIndex);
     connect(mNumber, &NumberRange::currentValueChanged, this, [this](int number) { changeSprite(number - 1); });

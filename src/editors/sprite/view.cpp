@@ -196,14 +196,8 @@ void View::updatePalette(int, const QColor&, bool)
 
 void View::toolClicked(ToolButton button, bool checked)
 {
-    switch (button) {
-    case ToolButton::ZoomIn: mFrames->zoomIn(); break;
-    case ToolButton::ZoomOut: mFrames->zoomOut(); break;
-    case ToolButton::RotateCW: mFrames->setRotated(checked); break;
-    case ToolButton::Flip: mFrames->setFlipped(checked); break;
-    case ToolButton::Mirror: mFrames->setMirrored(checked); break;
-    default: qWarning() << "Unhandled sprite tool" << button; break;
-    }
+    if (!mFrames->applyTool(button, checked))
+        qWarning() << "Unhandled sprite tool" << button;
 }
 
 } // namespace SpriteEditor

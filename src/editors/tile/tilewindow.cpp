@@ -102,10 +102,7 @@ void TileWindow::connectWidgets()
     connect(mColours, &ColourSelector::backColourChanged, mCanvas, &Canvas::setPaper);
     connect(mTools, &ToolPalette::actionActivated, mCanvas, &Canvas::setMode);
     connect(mCanvas, &Canvas::imageChanged, this, &TileWindow::imageChanged);
-    connect(mCanvas, &Canvas::edited, this,
-            [this](const QString& text, const QImage& before, const QImage& after, int kind) {
-                pushEdit(text, before, after, kind);
-            });
+    mCanvas->sendEditsTo(this, this);
     connect(mCanvas, &Canvas::foregroundPicked, this, &TileWindow::foreColourChanged);
     connect(mCanvas, &Canvas::backgroundPicked, this, &TileWindow::backColourChanged);
     connect(mNumber, &NumberRange::currentValueChanged, this, &TileWindow::setTileIndex);
