@@ -3,6 +3,7 @@
 #include <QCheckBox>
 #include <QColorDialog>
 #include <QFormLayout>
+#include <QHBoxLayout>
 #include <QPainter>
 #include <QPushButton>
 #include <QSpinBox>
@@ -45,15 +46,20 @@ MapEditorPage::MapEditorPage(QWidget* parent)
 {
     mChecker->setChecked(true);
     mOverlay->setChecked(true);
-    auto* form = new QFormLayout(this);
-    form->addRow(mChecker);
+    auto* colours = new QHBoxLayout;
     for (int index = 0; index < 2; ++index) {
         QPushButton* button = mColourButtons[index];
         button->setIconSize(QSize(48, 16));
+        // Enter means Save, wherever the focus is.
+        button->setAutoDefault(false);
         connect(button, &QPushButton::clicked, this, [this, index] { showColourPicker(index); });
         setColour(index, mColours[index]);
-        form->addRow(button);
+        colours->addWidget(button);
     }
+    colours->addStretch();
+    auto* form = new QFormLayout(this);
+    form->addRow(mChecker);
+    form->addRow(colours);
     form->addRow(mOverlay);
     form->addRow(tr("Grid size (in pixels)"), mGridSize);
     form->addRow(tr("Default magnification"), mZoom);

@@ -22,6 +22,7 @@ PreferencesDialog::PreferencesDialog(QWidget* parent)
 {
     setWindowTitle(tr("Preferences"));
     setModal(true);
+    setMinimumSize(520, 300);
     mPageList->setSelectionMode(QAbstractItemView::SingleSelection);
     mPageList->setIconSize(QSize(16, 16));
     addPage(mGeneral);
