@@ -61,8 +61,6 @@ void UpdateChecker::dropReply()
 
 void UpdateChecker::finished(QNetworkReply* reply)
 {
-    if (reply != mReply)
-        return;
     mReply = nullptr;
     reply->deleteLater();
     if (reply->error() != QNetworkReply::NoError) {

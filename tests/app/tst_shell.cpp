@@ -242,7 +242,6 @@ void TestShell::openFromCommandLine_data()
     QTest::newRow("after an option QApplication did not take") << QStringList { "--verbose", "%1" } << true
                                                                  << false;
     QTest::newRow("a file that is not there") << QStringList { "gone.tintorel" } << false << true;
-    QTest::newRow("nothing") << QStringList {} << false << false;
 }
 
 void TestShell::openFromCommandLine()
