@@ -37,7 +37,8 @@ run: build
 	fi
 
 test: deps
-	cmake -S . -B $(DEBUG_DIR) -DCMAKE_BUILD_TYPE=Debug -DTINTOREL_SANITIZE=ON -DTINTOREL_TESTS=ON
+	cmake -S . -B $(DEBUG_DIR) -DCMAKE_BUILD_TYPE=Debug -DTINTOREL_SANITIZE=ON -DTINTOREL_TESTS=ON \
+	    -DTINTOREL_UPDATE_FEED=
 	cmake --build $(DEBUG_DIR) -j $(JOBS)
 	cd $(DEBUG_DIR) && QT_QPA_PLATFORM=offscreen ctest --output-on-failure -j $(JOBS)
 

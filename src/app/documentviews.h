@@ -5,6 +5,7 @@ class DocumentTabView;
 class MapSpritesWindow;
 class MenuBar;
 class PaletteWindow;
+class PreferencesDialog;
 class ProjectWindow;
 class SpriteWindow;
 class TilePickerTool;
@@ -13,7 +14,6 @@ class QToolBar;
 namespace MapEditor {
 class ToolBar;
 }
-class QWidget;
 
 // The views that the document controller drives, as the window made them.
 struct DocumentViews
@@ -28,5 +28,5 @@ struct DocumentViews
     MapSpritesWindow* mapSprites = nullptr;
     MapEditor::ToolBar* mapToolBar = nullptr;
     MenuBar* menuBar = nullptr;
-    QWidget* preferencesDialog = nullptr;
+    PreferencesDialog* preferencesDialog = nullptr;
 };

@@ -22,6 +22,8 @@
 #include "model/tileanimation.h"
 #include "model/tileset.h"
 #include "project/project.h"
+#include "ui/mapeditorpage.h"
+#include "ui/preferencesdialog.h"
 
 #include <QUndoGroup>
 #include <QUndoStack>
@@ -149,6 +151,7 @@ QWidget* EditorWiring::makeMapPage(const QUuid& id)
     auto* view = new MapEditor::View(map);
     view->setProject(project);
     view->setUndoStack(mDocuments->stack(id));
+    applyMapPreferences(view);
     ProjectStore* store = &mProjects->store();
     connect(view, &MapEditor::View::exportTileMap, store, &ProjectStore::exportMap);
     connect(view, &MapEditor::View::exportTiles, store, &ProjectStore::exportTiles);
@@ -162,6 +165,23 @@ QWidget* EditorWiring::makeMapPage(const QUuid& id)
             mViews.tileWindow->setTileIndex(index + 1);
     });
     return view;
+}
+
+// A new map tab starts from the preferences; tabs already open keep what
+// the user did with them. The overlay comes after the grid-and-checker
+// switch, so that it is the overlay that the grid shows.
+void EditorWiring::applyMapPreferences(MapEditor::View* view) const
+{
+    const MapEditorPage* page = mViews.preferencesDialog ? mViews.preferencesDialog->mapEditor() : nullptr;
+    if (!page)
+        return;
+    MapEditor::MapGrid* grid = view->grid();
+    grid->setGridAndChecker(page->checkerBoard());
+    grid->setGridVisible(page->overlayGrid());
+    grid->setCellSize(page->gridSize());
+    grid->setGridColours(page->gridColour1(), page->gridColour2());
+    grid->setZoom(page->defaultZoom());
+    view->toolPalette()->setShowGridChecked(grid->gridVisible());
 }
 
 // A page for each kind of document that has an editor; each page records

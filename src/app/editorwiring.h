@@ -31,6 +31,7 @@ private:
     void connectMapEditor();
     void registerPages();
     QWidget* makeMapPage(const QUuid& id);
+    void applyMapPreferences(MapEditor::View* view) const;
     // The map tab on show, or null.
     MapEditor::View* currentMapView() const;
     void forEachMapView(const std::function<void(MapEditor::View*)>& act) const;

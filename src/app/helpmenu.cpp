@@ -1,11 +1,10 @@
 #include "app/helpmenu.h"
 
-#include "project/version.h"
-
-#include <QMessageBox>
+#include "ui/about.h"
 
 HelpMenu::HelpMenu(QWidget* parent)
     : QMenu(tr("Help"), parent)
+    , mAbout(new About(parent))
 {
     connect(addAction(tr("Check for Updates…")), &QAction::triggered, this, &HelpMenu::checkForUpdates);
     QAction* about = addAction(tr("About"));
@@ -15,8 +14,5 @@ HelpMenu::HelpMenu(QWidget* parent)
 
 void HelpMenu::displayAbout()
 {
-    QMessageBox::about(parentWidget(), tr("About %1").arg(applicationName()),
-                       tr("<h2>%1</h2><p>An editor of graphics assets for the ZX Spectrum Next: palettes, tiles, "
-                          "sprites, maps and images, in the machine's own formats.</p><p>%2 release</p>")
-                           .arg(displayName(), releaseChannel()));
+    mAbout->open();
 }

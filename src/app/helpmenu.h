@@ -1,6 +1,8 @@
 #pragma once
 #include <QMenu>
 
+class About;
+
 // "Help": the update check and the about box.
 class HelpMenu : public QMenu
 {
@@ -8,9 +10,14 @@ class HelpMenu : public QMenu
 public:
     explicit HelpMenu(QWidget* parent = nullptr);
 
+    About* about() const { return mAbout; }
+
 public slots:
     void displayAbout();
 
 signals:
     void checkForUpdates();
+
+private:
+    About* mAbout;
 };

@@ -1,3 +1,4 @@
+#include "app/commandline.h"
 #include "app/logging.h"
 #include "app/mainwindow.h"
 #include "project/version.h"
@@ -20,5 +21,7 @@ int main(int argc, char** argv)
 
     QApplication application(argc, argv);
     MainWindow window;
+    // After the window's first show, which restored its state.
+    openFromCommandLine(window, QCoreApplication::arguments());
     return static_cast<int>(application.exec());
 }

@@ -7,6 +7,7 @@
 #include "app/palettemenu.h"
 #include "app/spritemenu.h"
 #include "app/tilemenu.h"
+#include "app/updatewiring.h"
 #include "app/viewmenu.h"
 #include "editors/tile/tilepickergrid.h"
 #include "interchange/fontimport.h"
@@ -16,6 +17,7 @@
 #include "model/tileset.h"
 #include "project/project.h"
 #include "project/version.h"
+#include "ui/generalpage.h"
 
 #include <QCloseEvent>
 #include <QDockWidget>
@@ -40,11 +42,14 @@ MainWindow::MainWindow(QWidget* parent)
     : QMainWindow(parent)
     , mMenuBar(this)
     , mEditRouter(mMenuBar.editMenu())
+    , mPreferencesDialog(this)
     , mMessageDialog(this)
+    , mUpdateDialog(this)
+    , mUpdates(Update::feedUrl())
     , mSaveDialog(this, tr("Save project"), QString(), tr("Project file (*.tintorel)"))
     , mViews { &mTabView,         &mProjectWindow,    &mPaletteWindow, &mTileWindow, &mSpriteWindow,
                &mTilePicker,      &mBlockSelector,    &mMapSpritesWindow, &mMapToolBar, &mMenuBar,
-               nullptr }
+               &mPreferencesDialog }
     , mDocumentController(mViews, &mProjectController)
     , mProjectActions(this, mViews, &mProjectController, &mDocumentController)
     , mLayout(this,
@@ -78,6 +83,7 @@ MainWindow::MainWindow(QWidget* parent)
     connect(status, &QStatusBar::messageChanged, this, &MainWindow::messageChanged);
     connectMenus();
     connectProjectController();
+    connectUpdates();
 
     show();
     status->showMessage(windowTitle());
@@ -108,6 +114,8 @@ void MainWindow::connectMenus()
         if (mProjectController.confirmClose())
             mProjectController.close();
     });
+    connect(file, &FileMenu::displayPreferences, &mPreferencesDialog, &QWidget::show);
+    connect(&mPreferencesDialog, &QDialog::accepted, this, &MainWindow::savePreferences);
     connect(file, &FileMenu::quit, this, &QWidget::close);
     connect(&mProjectController, &ProjectController::recentFileAdded, file, &FileMenu::addRecent);
 
@@ -197,7 +205,7 @@ void MainWindow::connectMenus()
 void MainWindow::connectProjectController()
 {
     ProjectController& projects = mProjectController;
-    projects._backupOnSave = [this] { return mPreferences.object().value("backupOnSave").toBool(true); };
+    projects._backupOnSave = [this] { return mPreferencesDialog.general()->backupOnSave(); };
     projects.promptUnsaved = [this](const QString& name) {
         const auto answer = QMessageBox::warning(this, tr("Unsaved Changes"),
                                                  tr("Save the changes to %1 before closing it?").arg(name),
@@ -225,6 +233,21 @@ void MainWindow::connectProjectController()
     connect(&projects, &ProjectController::projectClosed, this, &MainWindow::projectClosed);
     connect(&projects, &ProjectController::error, this, &MainWindow::showError);
     connect(&projects, &ProjectController::modifiedChanged, this, &QWidget::setWindowModified);
+}
+
+void MainWindow::connectUpdates()
+{
+    mUpdates.preferences = [this] { return mPreferencesDialog.general()->toJson(); };
+    mUpdates.savePreferences = [this](const QJsonObject& general) {
+        mPreferencesDialog.general()->fromJson(general);
+        savePreferences();
+    };
+    new UpdateWiring(this, &mUpdates, &mUpdateDialog, mMenuBar.helpMenu());
+}
+
+void MainWindow::savePreferences()
+{
+    mAppState.savePreferences(mPreferencesDialog.toJson());
 }
 
 void MainWindow::projectOpened(Project* project)
@@ -341,13 +364,14 @@ void MainWindow::showEvent(QShowEvent* event)
 {
     if (mFirstShow) {
         mAppState.load();
-        mPreferences = mAppState.loadPreferences();
+        mPreferencesDialog.fromJson(mAppState.loadPreferences());
         mLayout.restoreWindow(mAppState.windowState(), mAppState.windowGeometry());
         mMenuBar.fileMenu()->setRecent(mAppState.recent());
         mTilePicker.setZoom(mAppState.tileZoom());
         mMenuBar.files()->setLastPath(mAppState.lastPath());
         mFirstShow = false;
         mMenuBar.viewMenu()->setChecked(ViewMenu::StatusBar, statusBar()->isVisible());
+        mUpdates.checkIfDue();
     }
     QMainWindow::showEvent(event);
 }
@@ -365,7 +389,7 @@ void MainWindow::closeEvent(QCloseEvent* event)
     mAppState.setTileZoom(mTilePicker.zoom());
     mAppState.setLastPath(mMenuBar.files()->lastPath());
     mAppState.save();
-    mAppState.savePreferences(mPreferences);
+    savePreferences();
     event->accept();
 }
 

@@ -17,9 +17,11 @@
 #include "mapeditor/mapspriteswindow.h"
 #include "mapeditor/toolbar.h"
 #include "ui/messagedialog.h"
+#include "ui/preferencesdialog.h"
+#include "ui/updatecontroller.h"
+#include "ui/updatedialog.h"
 
 #include <QFileDialog>
-#include <QJsonDocument>
 #include <QLabel>
 #include <QMainWindow>
 
@@ -44,6 +46,9 @@ public:
     ProjectController* projectController() { return &mProjectController; }
     AppState* appState() { return &mAppState; }
     MessageDialog* messageDialog() { return &mMessageDialog; }
+    PreferencesDialog* preferencesDialog() { return &mPreferencesDialog; }
+    UpdateDialog* updateDialog() { return &mUpdateDialog; }
+    UpdateController* updateController() { return &mUpdates; }
     DocumentController* documentController() { return &mDocumentController; }
     ProjectActions* projectActions() { return &mProjectActions; }
     LayoutController* layoutController() { return &mLayout; }
@@ -66,6 +71,8 @@ protected:
 private:
     void connectMenus();
     void connectProjectController();
+    void connectUpdates();
+    void savePreferences();
     void projectOpened(Project* project);
     void projectClosing();
     void projectClosed();
@@ -86,8 +93,10 @@ private:
     ProjectController mProjectController;
     AppState mAppState;
     bool mFirstShow = true;
-    QJsonDocument mPreferences;
+    PreferencesDialog mPreferencesDialog;
     MessageDialog mMessageDialog;
+    UpdateDialog mUpdateDialog;
+    UpdateController mUpdates;
     QFileDialog mSaveDialog;
     DocumentViews mViews;
     DocumentController mDocumentController;

@@ -1,3 +1,4 @@
+#include "app/commandline.h"
 #include "app/filemenu.h"
 #include "app/mainwindow.h"
 #include "app/mapmenu.h"
@@ -27,6 +28,8 @@ private slots:
     void deleteAsksFirst();
     void failedImportIsReported();
     void treeOpensAndRenames();
+    void openFromCommandLine_data();
+    void openFromCommandLine();
 
 private:
     QStringList treeRows(MainWindow& window) const;
@@ -227,6 +230,46 @@ void TestShell::treeOpensAndRenames()
     tree->findAsset(ProjectTree::Map, zebra)->setText(0, "  "); // an empty name is refused
     QCOMPARE(project->map(zebra)->name(), QStringLiteral("Alpha"));
     QCOMPARE(tree->findAsset(ProjectTree::Map, zebra)->text(0), QStringLiteral("Alpha"));
+}
+
+void TestShell::openFromCommandLine_data()
+{
+    QTest::addColumn<QStringList>("arguments"); // after the program's name; "%1" is a saved project
+    QTest::addColumn<bool>("opened");
+    QTest::addColumn<bool>("error");
+    QTest::newRow("a project") << QStringList { "%1" } << true << false;
+    QTest::newRow("a path relative to where it starts") << QStringList { "game.tintorel" } << true << false;
+    QTest::newRow("after an option QApplication did not take") << QStringList { "--verbose", "%1" } << true
+                                                                 << false;
+    QTest::newRow("a file that is not there") << QStringList { "gone.tintorel" } << false << true;
+}
+
+void TestShell::openFromCommandLine()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(bool, opened);
+    QFETCH(bool, error);
+    QTemporaryDir dir;
+    const QString file = dir.filePath("game.tintorel");
+    {
+        MainWindow maker;
+        maker.projectController()->askSavePath = [file] { return file; };
+        maker.menus()->fileMenu()->newAccepted("Game");
+        emit maker.menus()->fileMenu()->saveProject();
+    }
+    const QString startedIn = QDir::currentPath();
+    QDir::setCurrent(dir.path());
+    MainWindow window;
+    arguments.replaceInStrings("%1", file);
+    ::openFromCommandLine(window, QStringList { "tintorel" } + arguments);
+    QDir::setCurrent(startedIn);
+
+    QCOMPARE(!window.projectController()->project().isNull(), opened);
+    QCOMPARE(window.messageDialog()->isVisible(), error);
+    if (opened) {
+        QCOMPARE(window.projectController()->project()->name(), QStringLiteral("Game"));
+        QCOMPARE(window.menus()->fileMenu()->recent().first(), file);
+    }
 }
 
 QTEST_MAIN(TestShell)
