@@ -1,14 +1,19 @@
 # The front door: `make run` to use the editor, `make test` to check it.
 PACKAGES := qt6-base-dev qt6-svg-dev libzip-dev libdeflate-dev pkg-config cmake g++ make \
-            xvfb xauth fonts-dejavu-core zip
+            xvfb xauth fonts-dejavu-core zip \
+            clang libclang-rt-14-dev
 JOBS     ?= $(shell nproc 2>/dev/null || echo 2)
 SUDO     := $(shell [ "$$(id -u)" = 0 ] || echo sudo)
 
 RELEASE_DIR := build/release
 DEBUG_DIR   := build/debug
 BENCH_DIR   := build/bench
+FUZZ_DIR    := build/fuzz
+# Seconds of fuzzing per target; FUZZ_TARGETS names some (as in fuzz/corpus/), empty for all.
+FUZZ_SECONDS ?= 60
+FUZZ_TARGETS ?=
 
-.PHONY: all deps build run test bench clean
+.PHONY: all deps build run test bench fuzz clean
 
 all: build
 
@@ -46,6 +51,13 @@ bench: deps
 	cmake -S . -B $(BENCH_DIR) -DCMAKE_BUILD_TYPE=Release -DTINTOREL_TESTS=OFF -DTINTOREL_BENCH=ON
 	cmake --build $(BENCH_DIR) -j $(JOBS)
 	$(BENCH_DIR)/bench/tintorel_bench
+
+# clang with libFuzzer, ASan and UBSan; Debug keeps Qt's own bounds checks.
+fuzz: deps
+	cmake -S . -B $(FUZZ_DIR) -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_BUILD_TYPE=Debug \
+	    -DCMAKE_CXX_FLAGS_DEBUG="-g -O1" -DTINTOREL_FUZZ=ON
+	cmake --build $(FUZZ_DIR) -j $(JOBS)
+	FUZZ_SECONDS=$(FUZZ_SECONDS) fuzz/run $(FUZZ_DIR) $(FUZZ_TARGETS)
 
 clean:
 	rm -rf build
