@@ -1,45 +1,29 @@
 #include "fuzzsupport.h"
-#include "model/tilemap.h"
+#include "model/tileset.h"
 #include "project/project.h"
 #include "project/projectschema.h"
-#include "project/tilemapblob.h"
-
-#include <QBuffer>
-#include <QImage>
 
 namespace {
 
-QByteArray indexedPng(int width, int height)
-{
-    QImage picture(width, height, QImage::Format_Indexed8);
-    picture.setColorCount(256);
-    picture.fill(1);
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    picture.save(&buffer, "png");
-    return bytes;
-}
-
-QByteArray smallBlob()
-{
-    return tileMapBlob(TileMap(2, 2));
-}
-
 // The entries beside the document are small and fixed, so that the fuzzer
-// spends its time on the document: one tile, one sprite, a 2 x 2 map.
+// spends its time on the document: those of one tile, a 2 x 2 map, one
+// sprite and one LoRes image, as the writer makes them, found by their kind
+// ("tileset", "tilemap", ...), whatever the id in their name.
 QByteArray fixedEntry(const QString& name)
 {
-    static const QByteArray tile = indexedPng(8, 8);
-    static const QByteArray picture = indexedPng(16, 16);
-    static const QByteArray blob = smallBlob();
-    if (name.startsWith(QLatin1String("tileset/")))
-        return tile;
-    if (name.startsWith(QLatin1String("tilemap/")))
-        return blob;
-    if (name.endsWith(QLatin1String(".png")))
-        return picture;
-    return {};
+    static const QMap<QString, QByteArray> byKind = [] {
+        Project project;
+        const QPointer<TileSet> tiles = project.createTileSet(QStringLiteral("tiles"), QUuid(), 1, false);
+        project.createMap(QStringLiteral("map"), tiles->id(), QSize(2, 2));
+        project.createSpriteBank(Tintorel::Sprite::EightBit, QStringLiteral("sprites"), QUuid());
+        project.createImage(Tintorel::ImageMode::LoRes_128x96, QStringLiteral("image"), QUuid());
+        QMap<QString, QByteArray> entries;
+        const QMap<QString, QByteArray> written = collectEntries(project, false);
+        for (auto it = written.cbegin(); it != written.cend(); ++it)
+            entries.insert(it.key().section(QLatin1Char('/'), 0, 0), it.value());
+        return entries;
+    }();
+    return byKind.value(name.section(QLatin1Char('/'), 0, 0));
 }
 
 } // namespace
