@@ -4,9 +4,11 @@
 #include "interchange/tilesetfile.h"
 #include "model/map.h"
 #include "model/palette.h"
+#include "model/picturefile.h"
 #include "model/tile.h"
 #include "model/tileset.h"
 #include "project/project.h"
+#include "project/projectbudget.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -56,6 +58,13 @@ QString checkNextTiles(const NextTilesFiles& files)
 }
 
 // Cells whose tile the .nxt did not fill show a blank tile; say how many.
+// The tile set and palette an import makes, besides its map.
+qint64 importedTilesCost()
+{
+    return ProjectBudget::recordsCost(ImportedTileCount + Palette::Size)
+           + ProjectBudget::pictureCost(QSize(Tile::Size, Tile::Size * ImportedTileCount));
+}
+
 int cellsBeyond(const Map& map, int tilesHeld)
 {
     int count = 0;
@@ -77,6 +86,10 @@ ImportReport importNextTiles(Project& project, const QFileInfo& chosen)
     if (!refusal.isEmpty())
         return ImportReport::failure(refusal);
 
+    // A block map stores its size in two bytes.
+    ProjectBudget budget(project);
+    if (!budget.charge(ProjectBudget::mapCost(QSize(255, 255)) + importedTilesCost(), ImportText::file(files.nxm)))
+        return ImportReport::failure(budget.problem());
     ImportReport report;
     const QPointer<Palette> palette = project.createPalette(CreateAction::NewBlank, base);
     if (!palette->importData(files.nxp))
@@ -103,20 +116,26 @@ ImportReport importNextTiles(Project& project, const QFileInfo& chosen)
 
 ImportReport importPicture(Project& project, const QFileInfo& file, const ImportProgress& progress)
 {
-    QImage picture;
-    if (!picture.load(file.filePath()))
-        return ImportReport::failure(tr("Could not read the image file"));
+    QString problem;
+    const QImage picture = PictureFile::read(file.filePath(), &problem);
+    if (picture.isNull())
+        return ImportReport::failure(problem.isEmpty() ? tr("Could not read the image file")
+                                                       : ImportText::because(tr("Could not read the image file"), problem));
     if (picture.width() < Tile::Size || picture.height() < Tile::Size)
         return ImportReport::failure(tr("%1 is %2 × %3 pixels, smaller than one tile (8 × 8)")
                                          .arg(ImportText::file(file.filePath()))
                                          .arg(picture.width())
                                          .arg(picture.height()));
+    const QSize cells = picture.size() / Tile::Size;
+    ProjectBudget budget(project);
+    if (!budget.charge(ProjectBudget::mapCost(cells) + importedTilesCost(), ImportText::file(file.filePath())))
+        return ImportReport::failure(budget.problem());
 
     ImageSlicer slicer(picture);
     if (progress)
         QObject::connect(&slicer, &ImageSlicer::processed, &slicer,
                          [&progress, &slicer](int value) { progress(value, slicer.stepCount()); });
-    const int count = slicer.sliceTiles();
+    const int count = slicer.sliceTiles(ImportedTileCount);
     if (count > ImportedTileCount)
         return ImportReport::failure(
             tr("Cannot import the image as it would need more than 512 tiles\n%1 required").arg(count));
