@@ -1,6 +1,7 @@
 #include "interchange/mapimport.h"
 
 #include "interchange/imageslicer.h"
+#include "interchange/importedmap.h"
 #include "interchange/tilesetfile.h"
 #include "model/map.h"
 #include "model/palette.h"
@@ -17,7 +18,7 @@
 
 namespace {
 
-constexpr int ImportedTileCount = 512;
+constexpr int ImportedTileCount = ImportedMap::TileCount;
 constexpr int BlockBytes = 8;
 
 QString tr(const char* text)
@@ -58,24 +59,6 @@ QString checkNextTiles(const NextTilesFiles& files)
 }
 
 // Cells whose tile the .nxt did not fill show a blank tile; say how many.
-// The tile set and palette an import makes, besides its map.
-qint64 importedTilesCost()
-{
-    return ProjectBudget::recordsCost(ImportedTileCount + Palette::Size)
-           + ProjectBudget::pictureCost(QSize(Tile::Size, Tile::Size * ImportedTileCount));
-}
-
-int cellsBeyond(const Map& map, int tilesHeld)
-{
-    int count = 0;
-    const QSize size = map.size();
-    for (int y = 0; y < size.height(); ++y)
-        for (int x = 0; x < size.width(); ++x)
-            if (map.tile(QPoint(x, y)).index >= tilesHeld)
-                ++count;
-    return count;
-}
-
 ImportReport importNextTiles(Project& project, const QFileInfo& chosen)
 {
     const QString base = chosen.completeBaseName();
@@ -88,7 +71,7 @@ ImportReport importNextTiles(Project& project, const QFileInfo& chosen)
 
     // A block map stores its size in two bytes.
     ProjectBudget budget(project);
-    if (!budget.charge(ProjectBudget::mapCost(QSize(255, 255)) + importedTilesCost(), ImportText::file(files.nxm)))
+    if (!budget.charge(ProjectBudget::mapCost(QSize(255, 255)) + ImportedMap::tilesCost(), ImportText::file(files.nxm)))
         return ImportReport::failure(budget.problem());
     ImportReport report;
     const QPointer<Palette> palette = project.createPalette(CreateAction::NewBlank, base);
@@ -107,7 +90,7 @@ ImportReport importNextTiles(Project& project, const QFileInfo& chosen)
     const qint64 blockBytes = QFileInfo(files.nxb).size();
     if (blockBytes % BlockBytes)
         report.warnings << ImportText::tail(files.nxb, blockBytes % BlockBytes, tr("block"));
-    if (const int blank = cellsBeyond(*map, int(qMin<qint64>(tilesInFile, tiles->count()))))
+    if (const int blank = ImportedMap::cellsBeyond(*map, int(qMin<qint64>(tilesInFile, tiles->count()))))
         report.warnings << tr("%1 cells of the map name tiles that %2 does not hold; they stay blank")
                                .arg(blank)
                                .arg(ImportText::file(files.nxt));
@@ -128,7 +111,7 @@ ImportReport importPicture(Project& project, const QFileInfo& file, const Import
                                          .arg(picture.height()));
     const QSize cells = picture.size() / Tile::Size;
     ProjectBudget budget(project);
-    if (!budget.charge(ProjectBudget::mapCost(cells) + importedTilesCost(), ImportText::file(file.filePath())))
+    if (!budget.charge(ProjectBudget::mapCost(cells) + ImportedMap::tilesCost(), ImportText::file(file.filePath())))
         return ImportReport::failure(budget.problem());
 
     ImageSlicer slicer(picture);
