@@ -143,6 +143,7 @@ void MainWindow::connectMenus()
     MapMenu* maps = mMenuBar.mapMenu();
     connect(maps, &MapMenu::create, &mProjectActions, &ProjectActions::createMap);
     connect(maps, &MapMenu::importRequested, &mProjectActions, &ProjectActions::importMap);
+    connect(maps, &MapMenu::tileMapImportRequested, &mProjectActions, &ProjectActions::importTileMap);
 
     connect(mMenuBar.imageMenu(), &ImageMenu::createImage, this,
             [this](const QString& name, Tintorel::ImageMode mode, const QUuid& paletteId) {

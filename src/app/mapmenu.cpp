@@ -1,13 +1,18 @@
 #include "app/mapmenu.h"
 
 #include "app/filechooser.h"
+#include "interchange/tilemapimport.h"
 #include "model/map.h"
 #include "project/project.h"
 #include "ui/mapdialog.h"
+#include "ui/tilemapwidthdialog.h"
+
+#include <QFileInfo>
 
 MapMenu::MapMenu(FileChooser* files, QWidget* parent)
     : AssetMenu(tr("Map"), files, parent)
     , mDialog(new MapDialog(parent))
+    , mWidthDialog(new TileMapWidthDialog(parent))
 {
     QAction* create = addProjectAction(tr("New Map"));
     create->setShortcut(QKeySequence(tr("Ctrl+Alt+M")));
@@ -16,6 +21,7 @@ MapMenu::MapMenu(FileChooser* files, QWidget* parent)
     connect(mExport, &QAction::triggered, this, &MapMenu::showExportDialog);
     connect(addProjectAction(tr("Import")), &QAction::triggered, this, &MapMenu::showImportDialog);
     connect(mDialog, &MapDialog::accepted, this, &MapMenu::create);
+    connect(mWidthDialog, &TileMapWidthDialog::accepted, this, &MapMenu::tileMapImportRequested);
 }
 
 void MapMenu::displayMapDialog()
@@ -52,7 +58,8 @@ void MapMenu::showImportDialog()
     const QString file = files()->choose(
         { tr("Import Map Data"),
           { tr("NextTiles (*.nxm *.nxt *.nxp *.nxb)"),
-            tr("Image files (*.png *.bmp *.gif *.jpg *.jpeg *.pbm *.pgm *.ppm *.xbm *.xpm)") },
+            tr("Image files (*.png *.bmp *.gif *.jpg *.jpeg *.pbm *.pgm *.ppm *.xbm *.xpm)"),
+            tr("Tile map (*.map *.bin *.nxm)") },
           {},
           false });
     if (!file.isEmpty())
@@ -61,5 +68,11 @@ void MapMenu::showImportDialog()
 
 void MapMenu::importAccepted(const QString& file)
 {
+    // A plain tile map holds its cells alone: its width is asked first.
+    if (TileMapImport::isTileMapFile(file)) {
+        mWidthDialog->setMapFile(file, QFileInfo(file).size() / 2);
+        mWidthDialog->open();
+        return;
+    }
     emit importRequested(file);
 }

@@ -4,9 +4,11 @@
 #include <QUuid>
 
 class MapDialog;
+class TileMapWidthDialog;
 
 // "Map": new maps, the .map export of the current map, and importing a
-// picture or a NextTiles set as a map.
+// picture, a NextTiles set or a plain tile map (after asking its width) as
+// a map.
 class MapMenu : public AssetMenu
 {
     Q_OBJECT
@@ -14,6 +16,7 @@ public:
     MapMenu(FileChooser* files, QWidget* parent = nullptr);
 
     MapDialog* dialog() const { return mDialog; }
+    TileMapWidthDialog* widthDialog() const { return mWidthDialog; }
 
 public slots:
     void displayMapDialog();
@@ -26,9 +29,11 @@ public slots:
 signals:
     void create(QString name, QUuid tileSetId, QSize& size);
     void importRequested(QString filePath);
+    void tileMapImportRequested(QString filePath, int width);
 
 private:
     MapDialog* mDialog;
+    TileMapWidthDialog* mWidthDialog;
     QUuid mMap;
     QAction* mExport;
 };

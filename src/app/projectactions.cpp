@@ -5,6 +5,7 @@
 #include "app/projectcontroller.h"
 #include "app/projectwindow.h"
 #include "interchange/mapimport.h"
+#include "interchange/tilemapimport.h"
 #include "model/map.h"
 #include "model/mapobjects.h"
 #include "model/palette.h"
@@ -177,6 +178,12 @@ void ProjectActions::importMap(const QString& filePath)
     });
     progress.reset();
     showImportReport(report);
+}
+
+void ProjectActions::importTileMap(const QString& filePath, int width)
+{
+    if (const QPointer<Project> p = project())
+        showImportReport(TileMapImport::import(*p, { filePath, {}, {} }, width));
 }
 
 void ProjectActions::showImportReport(const ImportReport& report)

@@ -45,6 +45,8 @@ public slots:
     void copyItem(ProjectTree::ProjectNode node, const QUuid& id);
     void deleteItem(ProjectTree::ProjectNode node, const QUuid& id);
     void importMap(const QString& filePath);
+    // A plain tile map with its tiles and palette found beside it.
+    void importTileMap(const QString& filePath, int width);
 
 signals:
     // After a delete went through, for the menus and editors that showed it.

@@ -2,6 +2,7 @@
 
 #include "arguments.h"
 #include "interchange/mapimport.h"
+#include "interchange/tilemapimport.h"
 #include "project/project.h"
 #include "project/projectstore.h"
 #include "projectloader.h"
@@ -11,13 +12,17 @@
 
 QString ImportCommand::usage() const
 {
-    return QStringLiteral("import FILE --project PROJECT.tintorel");
+    return QStringLiteral("import FILE --project PROJECT.tintorel [--width N [--tiles FILE.nxt] [--palette FILE]]");
 }
 
 QString ImportCommand::help() const
 {
     return QStringLiteral("Imports a picture, or a NextTiles set (.nxp .nxt .nxm .nxb, naming any one of them), into\n"
                           "the project as a palette, a tile set and a map named after the file, then saves the\n"
+                          "project. A plain tile map (.map, .bin, or a .nxm without a .nxb: two bytes a cell, row\n"
+                          "by row) needs --width, its row length in cells; its tiles and palette are found beside\n"
+                          "it (NAME_tiles.nxt and NAME_palette.bin for NAME_tilemap.bin, else the same base name\n"
+                          "with .nxt and .nxp, .pal or .npl) unless --tiles and --palette name them. It saves the\n"
                           "project, keeping the previous file as PROJECT.tintorel.bak. A project that does not\n"
                           "exist is created, named after the file. On failure the project file is left untouched,\n"
                           "and a project file that does not load is never saved over. What the import had to\n"
@@ -26,11 +31,31 @@ QString ImportCommand::help() const
 
 CliCommand::Status ImportCommand::run(const QStringList& arguments, QTextStream& out, QTextStream& err)
 {
-    Arguments args(name(), { { "project", "PROJECT", true } }, QStringLiteral("FILE"));
+    Arguments args(name(),
+                   { { "project", "PROJECT", true },
+                     { "width", "N", false },
+                     { "tiles", "FILE", false },
+                     { "palette", "FILE", false } },
+                   QStringLiteral("FILE"));
     if (!args.parse(arguments, err))
         return UsageError;
     const QString file = args.positional();
     const QString path = args.value("project");
+    const bool tileMap = args.isSet("width") || TileMapImport::isTileMapFile(file);
+    bool widthOk = false;
+    const int width = args.value("width").toInt(&widthOk);
+    if (tileMap && !args.isSet("width")) {
+        args.refuse(QStringLiteral("a tile map needs --width, its row length in cells"), err);
+        return UsageError;
+    }
+    if (tileMap && (!widthOk || width < 1)) {
+        args.refuse(QStringLiteral("width must be a whole number from 1"), err);
+        return UsageError;
+    }
+    if (!tileMap && (args.isSet("tiles") || args.isSet("palette"))) {
+        args.refuse(QStringLiteral("--tiles and --palette go with --width, for a tile map"), err);
+        return UsageError;
+    }
 
     ProjectStore store;
     if (QFileInfo::exists(path)) {
@@ -41,7 +66,9 @@ CliCommand::Status ImportCommand::run(const QStringList& arguments, QTextStream&
         store.create(QFileInfo(file).baseName(), false);
         store.setFilePath(path);
     }
-    const ImportReport report = importMap(*store.project(), file);
+    const ImportReport report =
+        tileMap ? TileMapImport::import(*store.project(), { file, args.value("tiles"), args.value("palette") }, width)
+                : importMap(*store.project(), file);
     if (!report.ok()) {
         err << file << ": " << report.error << Qt::endl;
         return Failure;

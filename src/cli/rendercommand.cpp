@@ -81,9 +81,16 @@ CliCommand::Status RenderCommand::run(const QStringList& arguments, QTextStream&
     if (!map)
         return Failure;
     MapRenderer::showBlocksAt(*store.project(), *map, tick);
-    const QImage picture = MapRenderer(*store.project(), *map).render(scale, tick, layers);
+    QString problem;
+    const QImage picture = MapRenderer(*store.project(), *map).render(scale, tick, layers, &problem);
+    if (picture.isNull()) {
+        err << QObject::tr("Cannot render %1: %2")
+                   .arg(wanted, problem.isEmpty() ? QObject::tr("not enough memory") : problem)
+            << Qt::endl;
+        return Failure;
+    }
     const QString file = args.value("out");
-    if (picture.isNull() || !MapRenderer::indexedIfPossible(picture).save(file, "PNG")) {
+    if (!picture.save(file, "PNG")) {
         err << QObject::tr("Could not write %1").arg(file) << Qt::endl;
         return Failure;
     }

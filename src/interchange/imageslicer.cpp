@@ -63,12 +63,16 @@ void ImageSlicer::reset()
     mColumns = 0;
     mRows = 0;
     mPlaced = 0;
+    mMaxPieces = std::numeric_limits<int>::max();
 }
 
-int ImageSlicer::sliceTiles()
+int ImageSlicer::sliceTiles(int maxTiles)
 {
     reset();
+    mMaxPieces = maxTiles;
     slice(TileSize, true);
+    if (pieceCount() > maxTiles)
+        return pieceCount();
     if (buildBanks())
         for (const Bank& bank : std::as_const(mBanks))
             mColours += bank.colours;
@@ -122,9 +126,12 @@ void ImageSlicer::slice(int size, bool deduplicate)
     mRows = indexed.height() / size;
     for (int row = 0; row < mRows; ++row) {
         for (int column = 0; column < mColumns; ++column) {
-            if (deduplicate)
+            if (deduplicate) {
                 mCells.append(findOrAdd(indexed, column * size, row * size));
-            else
+                // One past the most the caller takes is enough to refuse.
+                if (mPieces.size() > mMaxPieces)
+                    return;
+            } else
                 mPieces.append(indexed.copy(column * size, row * size, size, size));
         }
         emit processed(row + 1);

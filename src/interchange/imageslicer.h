@@ -6,6 +6,7 @@
 #include <QImage>
 #include <QList>
 #include <QObject>
+#include <limits>
 
 // Turns a picture into what the tile hardware can show: distinct 8x8 tiles
 // (any of the eight orientations counts as the same tile), a map of
@@ -18,7 +19,9 @@ public:
     explicit ImageSlicer(const QImage& source, QObject* parent = nullptr);
 
     // The number of distinct tiles; the banks are built when it is known.
-    int sliceTiles();
+    // Slicing stops at the tile past `maxTiles`, which is then the count,
+    // so that a picture too varied is refused without slicing it all.
+    int sliceTiles(int maxTiles = std::numeric_limits<int>::max());
     // The number of size x size pieces, none merged, no banks.
     int sliceSprites(int size);
 
@@ -76,5 +79,6 @@ private:
     QList<QRgb> mColourTable;
     QList<QRgb> mColours;
     int mPlaced = 0;
+    int mMaxPieces = std::numeric_limits<int>::max();
     int mSourceColours = 0;
 };

@@ -68,11 +68,13 @@ QImage LayerCompositor::compose() const
     // layer, all being pictures of the whole map at 8 pixels a cell).
     QList<int> columns(width);
     for (int x = 0; x < width; ++x)
-        columns[x] = mCells.left() * CellPixels + (x / mCellPixels) * CellPixels + sourceOffset(x % mCellPixels);
+        columns[x] = (mCells.left() - mPictureOrigin.x()) * CellPixels + (x / mCellPixels) * CellPixels
+                     + sourceOffset(x % mCellPixels);
     int previousSource = -1;
     for (int y = 0; y < height; ++y) {
         auto* line = reinterpret_cast<QRgb*>(result.scanLine(y));
-        const int source = mCells.top() * CellPixels + (y / mCellPixels) * CellPixels + sourceOffset(y % mCellPixels);
+        const int source = (mCells.top() - mPictureOrigin.y()) * CellPixels + (y / mCellPixels) * CellPixels
+                           + sourceOffset(y % mCellPixels);
         // Rows that sample the same picture row are the same row.
         if (source == previousSource) {
             std::memcpy(line, line - result.bytesPerLine() / int(sizeof(QRgb)), size_t(width) * sizeof(QRgb));

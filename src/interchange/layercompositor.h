@@ -19,6 +19,9 @@ public:
     // The picture of one cell (8 × 8, any format) tiled from the result's
     // top left behind everything; black without one.
     void setBackground(const QImage& tile);
+    // The cell at the layers' pictures' top left, when they show a part of
+    // the map rather than all of it.
+    void setPictureOrigin(const QPoint& cell) { mPictureOrigin = cell; }
 
     // Format_RGB32.
     QImage compose() const;
@@ -37,6 +40,7 @@ private:
 
     QRect mCells;
     int mCellPixels;
+    QPoint mPictureOrigin;
     QList<Layer> mLayers;
     QImage mBackground; // cellPixels square, RGB32
 };

@@ -1,12 +1,15 @@
 #include "interchange/mapimport.h"
 
 #include "interchange/imageslicer.h"
+#include "interchange/importedmap.h"
 #include "interchange/tilesetfile.h"
 #include "model/map.h"
 #include "model/palette.h"
+#include "model/picturefile.h"
 #include "model/tile.h"
 #include "model/tileset.h"
 #include "project/project.h"
+#include "project/projectbudget.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -15,7 +18,7 @@
 
 namespace {
 
-constexpr int ImportedTileCount = 512;
+constexpr int ImportedTileCount = ImportedMap::TileCount;
 constexpr int BlockBytes = 8;
 
 QString tr(const char* text)
@@ -56,17 +59,6 @@ QString checkNextTiles(const NextTilesFiles& files)
 }
 
 // Cells whose tile the .nxt did not fill show a blank tile; say how many.
-int cellsBeyond(const Map& map, int tilesHeld)
-{
-    int count = 0;
-    const QSize size = map.size();
-    for (int y = 0; y < size.height(); ++y)
-        for (int x = 0; x < size.width(); ++x)
-            if (map.tile(QPoint(x, y)).index >= tilesHeld)
-                ++count;
-    return count;
-}
-
 ImportReport importNextTiles(Project& project, const QFileInfo& chosen)
 {
     const QString base = chosen.completeBaseName();
@@ -77,6 +69,10 @@ ImportReport importNextTiles(Project& project, const QFileInfo& chosen)
     if (!refusal.isEmpty())
         return ImportReport::failure(refusal);
 
+    // A block map stores its size in two bytes.
+    ProjectBudget budget(project);
+    if (!budget.charge(ProjectBudget::mapCost(QSize(255, 255)) + ImportedMap::tilesCost(), ImportText::file(files.nxm)))
+        return ImportReport::failure(budget.problem());
     ImportReport report;
     const QPointer<Palette> palette = project.createPalette(CreateAction::NewBlank, base);
     if (!palette->importData(files.nxp))
@@ -94,7 +90,7 @@ ImportReport importNextTiles(Project& project, const QFileInfo& chosen)
     const qint64 blockBytes = QFileInfo(files.nxb).size();
     if (blockBytes % BlockBytes)
         report.warnings << ImportText::tail(files.nxb, blockBytes % BlockBytes, tr("block"));
-    if (const int blank = cellsBeyond(*map, int(qMin<qint64>(tilesInFile, tiles->count()))))
+    if (const int blank = ImportedMap::cellsBeyond(*map, int(qMin<qint64>(tilesInFile, tiles->count()))))
         report.warnings << tr("%1 cells of the map name tiles that %2 does not hold; they stay blank")
                                .arg(blank)
                                .arg(ImportText::file(files.nxt));
@@ -103,20 +99,26 @@ ImportReport importNextTiles(Project& project, const QFileInfo& chosen)
 
 ImportReport importPicture(Project& project, const QFileInfo& file, const ImportProgress& progress)
 {
-    QImage picture;
-    if (!picture.load(file.filePath()))
-        return ImportReport::failure(tr("Could not read the image file"));
+    QString problem;
+    const QImage picture = PictureFile::read(file.filePath(), &problem);
+    if (picture.isNull())
+        return ImportReport::failure(problem.isEmpty() ? tr("Could not read the image file")
+                                                       : ImportText::because(tr("Could not read the image file"), problem));
     if (picture.width() < Tile::Size || picture.height() < Tile::Size)
         return ImportReport::failure(tr("%1 is %2 × %3 pixels, smaller than one tile (8 × 8)")
                                          .arg(ImportText::file(file.filePath()))
                                          .arg(picture.width())
                                          .arg(picture.height()));
+    const QSize cells = picture.size() / Tile::Size;
+    ProjectBudget budget(project);
+    if (!budget.charge(ProjectBudget::mapCost(cells) + ImportedMap::tilesCost(), ImportText::file(file.filePath())))
+        return ImportReport::failure(budget.problem());
 
     ImageSlicer slicer(picture);
     if (progress)
         QObject::connect(&slicer, &ImageSlicer::processed, &slicer,
                          [&progress, &slicer](int value) { progress(value, slicer.stepCount()); });
-    const int count = slicer.sliceTiles();
+    const int count = slicer.sliceTiles(ImportedTileCount);
     if (count > ImportedTileCount)
         return ImportReport::failure(
             tr("Cannot import the image as it would need more than 512 tiles\n%1 required").arg(count));

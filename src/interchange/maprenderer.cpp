@@ -1,5 +1,6 @@
 #include "interchange/maprenderer.h"
 
+#include "interchange/colourindexer.h"
 #include "interchange/layercompositor.h"
 #include "model/animatedblocks.h"
 #include "model/animationproperties.h"
@@ -14,13 +15,17 @@
 #include "model/transform.h"
 #include "project/project.h"
 
+#include <QCoreApplication>
 #include <QHash>
 #include <QPainter>
+#include <cstring>
 
 namespace {
 
 constexpr int CellPixels = 8;
 constexpr int SpritePixels = 16;
+// About sixteen megabytes of a band in full colour.
+constexpr int BandPixels = 1 << 22;
 
 } // namespace
 
@@ -39,21 +44,31 @@ MapRenderer::MapRenderer(const Project& project, const Map& map)
 
 QImage MapRenderer::composeLayers(const QRect& cells, int cellPixels, Layers layers) const
 {
+    const bool tiles = layers.testFlag(Tiles) && mMap.tileMap() && mMap.tileMap()->isVisible();
+    const bool objects = layers.testFlag(Objects) && mMap.objectMap() && mMap.objectMap()->isVisible();
+    return compose(cells, cellPixels, layers, tiles ? mMap.tileMap()->picture() : QImage(),
+                   objects ? mMap.objectMap()->picture() : QImage(), QPoint(0, 0));
+}
+
+QImage MapRenderer::compose(const QRect& cells, int cellPixels, Layers layers, const QImage& tiles,
+                            const QImage& objects, const QPoint& origin) const
+{
     LayerCompositor compositor(cells, cellPixels);
-    const QPointer<TileSet> tiles = mMap.tileSet();
-    if (!tiles)
+    compositor.setPictureOrigin(origin);
+    const QPointer<TileSet> tileSet = mMap.tileSet();
+    if (!tileSet)
         return compositor.compose();
-    if (mBackgroundTile >= 0 && mBackgroundTile < tiles->count()) {
+    if (mBackgroundTile >= 0 && mBackgroundTile < tileSet->count()) {
         QImage texture =
-            tiles->render(mBackgroundTile, false, false, false, tiles->tileOffset(mBackgroundTile));
-        if (tiles->palette())
-            texture.setColorTable(tiles->palette()->rgbTable());
+            tileSet->render(mBackgroundTile, false, false, false, tileSet->tileOffset(mBackgroundTile));
+        if (tileSet->palette())
+            texture.setColorTable(tileSet->palette()->rgbTable());
         compositor.setBackground(texture);
     }
     if (layers.testFlag(Tiles) && mMap.tileMap() && mMap.tileMap()->isVisible())
-        compositor.addLayer(mMap.tileMap()->picture(), mTransparencyIndex);
+        compositor.addLayer(tiles, mTransparencyIndex);
     if (layers.testFlag(Objects) && mMap.objectMap() && mMap.objectMap()->isVisible())
-        compositor.addLayer(mMap.objectMap()->picture(), mTransparencyIndex);
+        compositor.addLayer(objects, mTransparencyIndex);
     return compositor.compose();
 }
 
@@ -118,16 +133,69 @@ void MapRenderer::paintSprites(QPainter& painter, const std::function<QPoint(con
     }
 }
 
-QImage MapRenderer::render(int scale, qint64 ticks, Layers layers) const
+QImage MapRenderer::renderBand(const QRect& cells, int scale, qint64 ticks, Layers layers) const
+{
+    const bool tiles = layers.testFlag(Tiles) && mMap.tileMap() && mMap.tileMap()->isVisible();
+    const bool objects = layers.testFlag(Objects) && mMap.objectMap() && mMap.objectMap()->isVisible();
+    QImage band = compose(cells, CellPixels * scale, layers, tiles ? mMap.tileMap()->renderRect(cells) : QImage(),
+                          objects ? mMap.objectMap()->renderRect(cells) : QImage(), cells.topLeft());
+    if (band.isNull() || !layers.testFlag(Sprites))
+        return band;
+    QPainter painter(&band);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
+    const QPoint shift = cells.topLeft() * CellPixels * scale;
+    paintSprites(painter, [scale, shift](const QPoint& p) { return p * scale - shift; }, scale, ticks);
+    return band;
+}
+
+QImage MapRenderer::render(int scale, qint64 ticks, Layers layers, QString* problem) const
 {
     scale = qMax(1, scale);
-    QImage target = composeLayers(QRect(QPoint(0, 0), mMap.size()), CellPixels * scale, layers);
-    if (target.isNull() || !layers.testFlag(Sprites))
-        return target;
-    QPainter painter(&target);
-    painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
-    paintSprites(painter, [scale](const QPoint& p) { return p * scale; }, scale, ticks);
-    return target;
+    const QSize cells = mMap.size();
+    const QSize pixels = cells * CellPixels * scale;
+    const qint64 area = qint64(pixels.width()) * pixels.height();
+    const auto refuse = [&](qint64 bytes, const QString& kind) {
+        if (problem)
+            *problem = QCoreApplication::translate("MapRenderer",
+                                                   "the %1 × %2 picture would take %3 MB as %4; a render can take "
+                                                   "at most %5 MB")
+                           .arg(pixels.width())
+                           .arg(pixels.height())
+                           .arg((bytes + (1 << 20) - 1) >> 20)
+                           .arg(kind)
+                           .arg(MaxRenderBytes >> 20);
+        return QImage();
+    };
+    if (area > MaxRenderBytes)
+        return refuse(area, QCoreApplication::translate("MapRenderer", "an indexed picture"));
+    QImage indexed(pixels, QImage::Format_Indexed8);
+    QImage full;
+    if (indexed.isNull())
+        return indexed;
+    // Band by band, so that nothing as large as the picture is made twice.
+    ColourIndexer indexer;
+    const int rowsPerBand = qMax(1, BandPixels / qMax(1, pixels.width() * CellPixels * scale));
+    for (int top = 0; top < cells.height(); top += rowsPerBand) {
+        const QRect band(0, top, cells.width(), qMin(rowsPerBand, cells.height() - top));
+        const QImage drawn = renderBand(band, scale, ticks, layers);
+        const int y = top * CellPixels * scale;
+        if (full.isNull() && indexer.append(drawn, indexed, y))
+            continue;
+        if (full.isNull()) {
+            // More than 256 colours: the rows so far go over into full colour.
+            if (area * 5 > MaxRenderBytes)
+                return refuse(area * 4, QCoreApplication::translate("MapRenderer", "a full-colour picture"));
+            indexed.setColorTable(indexer.table());
+            full = indexed.convertToFormat(QImage::Format_RGB32);
+            indexed = QImage();
+        }
+        for (int row = 0; row < drawn.height(); ++row)
+            std::memcpy(full.scanLine(y + row), drawn.constScanLine(row), size_t(drawn.bytesPerLine()));
+    }
+    if (!full.isNull())
+        return full;
+    indexed.setColorTable(indexer.table());
+    return indexed;
 }
 
 void MapRenderer::showBlocksAt(Map& map, const std::function<const TileAnimation*(const QUuid&)>& find,
@@ -159,28 +227,4 @@ void MapRenderer::showBlocksAt(const Project& project, Map& map, qint64 ticks)
                 return block.data();
         return nullptr;
     }, ticks);
-}
-
-QImage MapRenderer::indexedIfPossible(const QImage& picture)
-{
-    const QImage source = picture.convertToFormat(QImage::Format_ARGB32);
-    QHash<QRgb, uchar> index;
-    QList<QRgb> table;
-    QImage result(source.size(), QImage::Format_Indexed8);
-    for (int y = 0; y < source.height(); ++y) {
-        const auto* from = reinterpret_cast<const QRgb*>(source.constScanLine(y));
-        uchar* to = result.scanLine(y);
-        for (int x = 0; x < source.width(); ++x) {
-            auto it = index.constFind(from[x]);
-            if (it == index.constEnd()) {
-                if (table.size() == 256)
-                    return picture;
-                it = index.insert(from[x], uchar(table.size()));
-                table.append(from[x]);
-            }
-            to[x] = *it;
-        }
-    }
-    result.setColorTable(table);
-    return result;
 }

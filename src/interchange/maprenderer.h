@@ -43,9 +43,14 @@ public:
     // Its rectangle in map pixels, inclusive corners; empty for a sprite that draws nothing.
     QRect spriteRect(const Map::PlacedSprite& sprite) const;
 
+    // The most a whole-map picture may take, in bytes.
+    static constexpr qint64 MaxRenderBytes = qint64(512) << 20;
+
     // The whole map, `scale` pixels a map pixel, at a tick; the picture of
-    // the layers chosen.
-    QImage render(int scale, qint64 ticks = 0, Layers layers = AllLayers) const;
+    // the layers chosen. 8-bit indexed when 256 colours cover all that is
+    // drawn (the machine's indices stay readable, the file small), else full
+    // colour. Null past MaxRenderBytes, with `problem` saying what it would need.
+    QImage render(int scale, qint64 ticks = 0, Layers layers = AllLayers, QString* problem = nullptr) const;
 
     // The frame a placed sprite's animation shows at a tick: from its start
     // frame after its initial delay, holding the last step for its repeat delay.
@@ -58,12 +63,15 @@ public:
     // map's tile set, the last set holding it winning as on the clock.
     static void showBlocksAt(const Project& project, Map& map, qint64 ticks);
 
-    // Exact 8-bit form when the picture has 256 colours or fewer, so that
-    // what a build reads back is the machine's indices and the file is small;
-    // otherwise the picture as it is.
-    static QImage indexedIfPossible(const QImage& picture);
-
 private:
+    // The layers of `cells` drawn from `tiles` and `objects`, pictures of
+    // the layers from cell `origin`.
+    QImage compose(const QRect& cells, int cellPixels, Layers layers, const QImage& tiles, const QImage& objects,
+                   const QPoint& origin) const;
+    // A band of rows of the whole-map picture, sprites included, from
+    // pictures drawn for the band alone.
+    QImage renderBand(const QRect& cells, int scale, qint64 ticks, Layers layers) const;
+
     const Map& mMap;
     BankLookup mBanks;
     int mBackgroundTile;

@@ -3,6 +3,7 @@
 #include "model/palette.h"
 #include "model/spritebank.h"
 #include "project/project.h"
+#include "project/projectbudget.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -51,6 +52,12 @@ ImportReport import(Project& project, const QString& fileName, ImportActions act
     if (!file.open(QIODevice::ReadOnly))
         return ImportReport::failure(ImportText::because(
             readError, QCoreApplication::translate("SpriteFile", "%1 cannot be opened").arg(ImportText::file(fileName))));
+    // Charged before the file is read: its size says how many sprites it holds.
+    const qint64 count = file.size() / SpriteBytes;
+    ProjectBudget budget(project);
+    if (!budget.charge(ProjectBudget::pictureCost(QSize(Size, Size)) * count + ProjectBudget::recordsCost(count),
+                       ImportText::file(fileName)))
+        return ImportReport::failure(budget.problem());
     const QByteArray bytes = file.readAll();
     if (bytes.size() < SpriteBytes)
         return ImportReport::failure(ImportText::because(
@@ -62,18 +69,18 @@ ImportReport import(Project& project, const QString& fileName, ImportActions act
         report.warnings << ImportText::tail(fileName, bytes.size() % SpriteBytes,
                                             QCoreApplication::translate("SpriteFile", "sprite"));
     SpriteBank* bank = append ? openBank : newBank(project, fileName, actions, paletteId);
-    const qsizetype sprites = bytes.size() / SpriteBytes;
-    for (qsizetype s = 0; s < sprites; ++s) {
-        // A new bank's own blank sprite takes the file's first, so that a
-        // file read into a new bank writes back byte for byte.
-        if (append || s > 0)
-            bank->addSprite(true);
+    const int sprites = int(bytes.size() / SpriteBytes);
+    // A new bank's own blank sprite takes the file's first, so that a file
+    // read into a new bank writes back byte for byte.
+    const int first = append ? bank->spriteCount() : 0;
+    bank->addSprites(append ? sprites : sprites - 1, true);
+    for (int s = 0; s < sprites; ++s) {
         QImage sprite(Size, Size, QImage::Format_Indexed8);
         sprite.setColorCount(256);
         const char* source = bytes.constData() + s * SpriteBytes;
         for (int y = 0; y < Size; ++y)
             std::memcpy(sprite.scanLine(y), source + y * Size, Size);
-        bank->setImage(bank->spriteCount() - 1, sprite);
+        bank->setImage(first + s, sprite);
     }
     if (filled)
         *filled = bank;

@@ -2,8 +2,10 @@
 
 #include "interchange/imageslicer.h"
 #include "model/palette.h"
+#include "model/picturefile.h"
 #include "model/spritebank.h"
 #include "project/project.h"
+#include "project/projectbudget.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -26,11 +28,9 @@ int slice(SpriteBank& bank, const QImage& picture, int* colours)
 {
     ImageSlicer slicer(picture);
     const int count = slicer.sliceSprites(SpriteSize);
-    for (int i = 0; i < count; ++i) {
-        if (i > 0)
-            bank.addSprite(true);
+    bank.addSprites(count - 1, true);
+    for (int i = 0; i < count; ++i)
         bank.setImage(i, slicer.piece(i));
-    }
     if (const QPointer<Palette> palette = bank.palette())
         palette->setColours(slicer.colours());
     *colours = slicer.sourceColourCount();
@@ -48,17 +48,24 @@ int importSpritePicture(SpriteBank& bank, const QImage& picture)
 ImportReport importSpriteSheet(Project& project, const QString& filePath, SpriteBank** created,
                                const QUuid& paletteId)
 {
-    const QImage picture(filePath);
+    QString problem;
+    const QImage picture = PictureFile::read(filePath, &problem);
     const QString readError = tr("Read error");
     if (picture.isNull())
-        return ImportReport::failure(
-            ImportText::because(readError, tr("%1 is not a picture").arg(ImportText::file(filePath))));
+        return ImportReport::failure(ImportText::because(
+            readError, problem.isEmpty() ? tr("%1 is not a picture").arg(ImportText::file(filePath)) : problem));
     if (picture.width() < SpriteSize || picture.height() < SpriteSize)
         return ImportReport::failure(ImportText::because(readError, tr("%1 is %2 × %3 pixels, smaller than one sprite "
                                                                        "(16 × 16)")
                                                                         .arg(ImportText::file(filePath))
                                                                         .arg(picture.width())
                                                                         .arg(picture.height())));
+    const qint64 count = qint64(picture.width() / SpriteSize) * (picture.height() / SpriteSize);
+    ProjectBudget budget(project);
+    if (!budget.charge(ProjectBudget::pictureCost(QSize(SpriteSize, SpriteSize)) * count
+                           + ProjectBudget::recordsCost(count),
+                       ImportText::file(filePath)))
+        return ImportReport::failure(budget.problem());
     ImportReport report;
     const int right = picture.width() % SpriteSize;
     const int bottom = picture.height() % SpriteSize;
@@ -77,9 +84,8 @@ ImportReport importSpriteSheet(Project& project, const QString& filePath, Sprite
         bank = project.createSpriteBank(Tintorel::Sprite::EightBit, name, existing->id());
         ImageSlicer slicer(picture);
         const int count = slicer.sliceSprites(SpriteSize);
+        bank->addSprites(count - 1, true);
         for (int i = 0; i < count; ++i) {
-            if (i > 0)
-                bank->addSprite(true);
             QImage piece = slicer.piece(i);
             piece.setColorTable(slicer.colours());
             bank->importImage(i, piece);

@@ -45,8 +45,8 @@ Map::Map(const QString& name, const QSize& size, QObject* parent)
     : QObject(parent)
     , mId(QUuid::createUuid())
     , mName(name)
-    , mTileMap(new TileMap(size.width(), size.height()))
-    , mObjectMap(new TileMap(size.width(), size.height()))
+    , mTileMap(new TileMap(qMin(size.width(), MaxSide), qMin(size.height(), MaxSide)))
+    , mObjectMap(new TileMap(qMin(size.width(), MaxSide), qMin(size.height(), MaxSide)))
     , mBlocks(new AnimatedBlocks)
 {
     mTileMap->setVisible(true);
@@ -131,6 +131,8 @@ void Map::afterRowOrColumnEdit(const QPoint& shift)
 // end moves nothing.
 void Map::addRow(int where)
 {
+    if (mTileMap->height() >= MaxSide)
+        return;
     mTileMap->addRow(where);
     mObjectMap->addRow(where);
     afterRowOrColumnEdit(where == 0 ? QPoint(0, 1) : QPoint());
@@ -138,6 +140,8 @@ void Map::addRow(int where)
 
 void Map::addColumn(int where)
 {
+    if (mTileMap->width() >= MaxSide)
+        return;
     mTileMap->addColumn(where);
     mObjectMap->addColumn(where);
     afterRowOrColumnEdit(where == 0 ? QPoint(1, 0) : QPoint());
@@ -163,8 +167,9 @@ void Map::resize(const QSize& size, Qt::Alignment alignment)
         qWarning() << "_tileMap==nullptr";
         return;
     }
-    const QPoint shift = mTileMap->resize(size, alignment);
-    mObjectMap->resize(size, alignment);
+    const QSize bounded(qMin(size.width(), MaxSide), qMin(size.height(), MaxSide));
+    const QPoint shift = mTileMap->resize(bounded, alignment);
+    mObjectMap->resize(bounded, alignment);
     afterRowOrColumnEdit(shift);
 }
 

@@ -18,6 +18,11 @@ class Map : public QObject
 {
     Q_OBJECT
 public:
+    // The longest side a map can have, in cells: imports, dialogs, resizing
+    // and the project reader all keep to it, so that what one makes the
+    // others take.
+    static constexpr int MaxSide = 2048;
+
     // One sprite on a map; x and y are map pixels (8 to a cell).
     struct PlacedSprite
     {

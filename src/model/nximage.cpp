@@ -1,5 +1,7 @@
 #include "model/nximage.h"
 
+#include "model/picturefile.h"
+
 #include "model/palette.h"
 
 #include <QDebug>
@@ -56,8 +58,8 @@ bool NxImage::load(const QImage& source)
 
 bool NxImage::load(const QString& fileName)
 {
-    QImage source;
-    if (!source.load(fileName)) {
+    const QImage source = PictureFile::read(fileName);
+    if (source.isNull()) {
         mColours.clear();
         return false;
     }

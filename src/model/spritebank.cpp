@@ -309,11 +309,18 @@ bool SpriteBank::exportData(const QString& fileName) const
 
 void SpriteBank::addSprite(bool emitSignal)
 {
-    QImage strip = blankStrip(spriteCount() + 1, mImage.colorTable());
+    addSprites(1, emitSignal);
+}
+
+void SpriteBank::addSprites(int count, bool emitSignal)
+{
+    if (count < 1)
+        return;
+    QImage strip = blankStrip(spriteCount() + count, mImage.colorTable());
     for (int row = 0; row < mImage.height(); ++row)
         copyRow(mImage, row, strip, row);
     mImage = strip;
-    mOffsets.append('\0');
+    mOffsets.append(QByteArray(count, '\0'));
     if (emitSignal)
         emit countChanged();
 }

@@ -91,6 +91,8 @@ public:
 public slots:
     void setImage(int index, const QImage& image);
     void addSprite(bool emitSignal);
+    // Blank sprites at the end, the strip grown once: imports add thousands.
+    void addSprites(int count, bool emitSignal);
     void addSprite();
     void deleteSprite(int index);
     void updateColour(int index, const QColor& colour, bool priority);

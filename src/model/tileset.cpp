@@ -134,7 +134,11 @@ QByteArray TileSet::toPng(const Palette* palette) const
 
 bool TileSet::fromPng(const QByteArray& data)
 {
-    const QImage sheet = QImage::fromData(data);
+    return setSheet(QImage::fromData(data, "png"));
+}
+
+bool TileSet::setSheet(const QImage& sheet)
+{
     if (sheet.format() != QImage::Format_Indexed8 || sheet.width() != Tile::Size
         || sheet.height() != Tile::Size * count())
         return false;

@@ -45,6 +45,8 @@ public:
 
     QByteArray toPng(const Palette* palette) const;
     bool fromPng(const QByteArray& data);
+    // The tiles from one 8-bit picture of them all, one below the other.
+    bool setSheet(const QImage& sheet);
 
     // The hardware files; each is written whole, and true only if all of it was.
     bool exportNxt(const QString& fileName) const;

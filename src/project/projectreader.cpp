@@ -14,8 +14,11 @@
 #include "model/tileset.h"
 #include "project/jsonfield.h"
 #include "project/project.h"
+#include "project/projectbudget.h"
 #include "project/tilemapblob.h"
 
+#include <QBuffer>
+#include <QImageReader>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -84,12 +87,16 @@ AnimationFrame::Cells cellsOf(const QJsonArray& array, const QSize& size)
 }
 
 // Frames of a block keep their stored ids; a sprite animation's frames get
-// fresh ones on every load, so `keepIds` is false for them.
-void readFrames(Animation::State& state, const QJsonObject& object, const QSize& fallback, const char* cellKey,
-                bool keepIds)
+// fresh ones on every load, so `keepIds` is false for them. False when the
+// frames would take the project past its budget; nothing is made then.
+bool readFrames(Animation::State& state, const QJsonObject& object, const QSize& fallback, const char* cellKey,
+                bool keepIds, ProjectBudget& budget)
 {
     const QJsonArray frames = readArray(object, "frames");
     state.size = animationSize(object, frames.size(), fallback);
+    if (!budget.charge(ProjectBudget::animationCost(state.size, frames.size()),
+                       QStringLiteral("animation \"%1\"").arg(state.name)))
+        return false;
     state.delay = readInt(object, "delay", 0);
     state.frames.clear();
     for (const QJsonValue& value : frames) {
@@ -97,6 +104,7 @@ void readFrames(Animation::State& state, const QJsonObject& object, const QSize&
         const QUuid stored = keepIds ? readId(frame, "id", QUuid()) : QUuid();
         state.frames.append({ stored.isNull() ? freshId() : stored, cellsOf(readArray(frame, cellKey), state.size) });
     }
+    return true;
 }
 
 std::unique_ptr<Palette> paletteOf(const QJsonObject& object)
@@ -127,15 +135,30 @@ void readTiles(TileSet& tiles, const QJsonObject& object)
     }
 }
 
+QRect placedRect(const QJsonObject& object)
+{
+    return QRect(readCount(object, "x", 0), readCount(object, "y", 0), readCount(object, "width", 0),
+                 readCount(object, "height", 0));
+}
+
+// The cells that the placed blocks cover on a map of `size`, counted once per block.
+qint64 placedCells(const QJsonArray& array, const QSize& size)
+{
+    qint64 cells = 0;
+    for (const QJsonValue& value : array) {
+        const QRect rect = placedRect(value.toObject()).intersected(QRect(QPoint(0, 0), size));
+        cells += qint64(rect.width()) * rect.height();
+    }
+    return cells;
+}
+
 void readPlacedBlocks(Map& map, const QJsonArray& array)
 {
     for (const QJsonValue& value : array) {
         const QJsonObject object = value.toObject();
         if (object.isEmpty())
             continue;
-        const QRect rect(readCount(object, "x", 0), readCount(object, "y", 0), readCount(object, "width", 0),
-                         readCount(object, "height", 0));
-        const auto block = map.blocks()->add(rect, readId(object, "id", QUuid()));
+        const auto block = map.blocks()->add(placedRect(object), readId(object, "id", QUuid()));
         block->setInitialDelay(readInt(object, "initialDelay", 0));
         block->setRepeatDelay(readInt(object, "repeatDelay", 0));
         block->setStartFrame(readInt(object, "startFrame", 0));
@@ -161,7 +184,7 @@ Map::PlacedSprite placedSpriteOf(const QJsonObject& object)
     return sprite;
 }
 
-void readSpriteAnimations(SpriteBank& bank, const QJsonArray& array)
+bool readSpriteAnimations(SpriteBank& bank, const QJsonArray& array, ProjectBudget& budget)
 {
     for (const QJsonValue& value : array) {
         const QJsonObject object = value.toObject();
@@ -172,12 +195,14 @@ void readSpriteAnimations(SpriteBank& bank, const QJsonArray& array)
         if (!animation)
             animation = bank.createAnimation(name);
         Animation::State state = animation->state();
-        readFrames(state, object, QSize(1, 1), "anim", false);
+        if (!readFrames(state, object, QSize(1, 1), "anim", false, budget))
+            return false;
         animation->restore(state);
     }
+    return true;
 }
 
-void readBlockAnimations(MapObjects& blocks, const QJsonArray& array)
+bool readBlockAnimations(MapObjects& blocks, const QJsonArray& array, ProjectBudget& budget)
 {
     for (const QJsonValue& value : array) {
         const QJsonObject object = value.toObject();
@@ -186,11 +211,13 @@ void readBlockAnimations(MapObjects& blocks, const QJsonArray& array)
         if (!animation)
             animation = blocks.createTileAnimation(name);
         TileAnimation::State state = animation->state();
-        readFrames(state, object, QSize(0, 0), "tileData", true);
+        if (!readFrames(state, object, QSize(0, 0), "tileData", true, budget))
+            return false;
         // `type` holds the MapObjectType; see the writer.
         state.mapObjectType = mapObjectTypeOf(readInt(object, "type", 0));
         animation->restore(state);
     }
+    return true;
 }
 
 // The load steps in their order; each returns false with mError set to
@@ -214,20 +241,46 @@ private:
         return false;
     }
     QByteArray entry(const QString& name) const { return mEntries ? mEntries(name) : QByteArray(); }
+    bool overBudget() { return fail(QStringLiteral("Invalid project file: %1").arg(mBudget.problem())); }
+    // A picture entry, decoded as PNG once its size, read from its header,
+    // fits the budget; null when it does not decode (mError set when over budget).
+    QImage picture(const QString& name, const QString& what);
 
     void readHeader(const QJsonObject& root);
     bool readTileSet(const QJsonObject& object);
     bool readMap(const QJsonObject& object);
     bool readSpriteBank(const QJsonObject& object);
     bool readImage(const QJsonObject& object);
-    void readBlocks(const QJsonObject& object);
-    void readScratch();
+    bool readBlocks(const QJsonObject& object);
+    bool readScratch();
     void rebuildObjectLayers();
 
     Project& mProject;
     const EntryReader& mEntries;
     QString mError;
+    ProjectBudget mBudget;
 };
+
+QImage Reader::picture(const QString& name, const QString& what)
+{
+    QBuffer buffer;
+    buffer.setData(entry(name));
+    if (buffer.data().isEmpty())
+        return {};
+    buffer.open(QIODevice::ReadOnly);
+    QImageReader reader(&buffer, "png");
+    const QSize size = reader.size();
+    if (!size.isValid())
+        return {};
+    if (!mBudget.charge(ProjectBudget::pictureCost(size) * 4, what)) {
+        overBudget();
+        return {};
+    }
+    reader.setAllocationLimit(0); // the budget has bounded it
+    QImage image;
+    reader.read(&image);
+    return image;
+}
 
 bool Reader::read()
 {
@@ -263,9 +316,11 @@ bool Reader::read()
     for (const QJsonValue& value : readArray(root, "images"))
         if (!readImage(value.toObject()))
             return false;
-    readScratch();
+    if (!readScratch())
+        return false;
     for (const QJsonValue& value : readArray(root, "mapObjects"))
-        readBlocks(value.toObject());
+        if (!readBlocks(value.toObject()))
+            return false;
     rebuildObjectLayers();
     return true;
 }
@@ -289,7 +344,10 @@ void Reader::readHeader(const QJsonObject& root)
 
 bool Reader::readTileSet(const QJsonObject& object)
 {
-    auto tiles = std::make_unique<TileSet>(readCount(object, "count", 512));
+    const int count = readCount(object, "count", 512);
+    if (!mBudget.charge(ProjectBudget::recordsCost(count), QStringLiteral("tile set \"%1\"").arg(readString(object, "name"))))
+        return overBudget();
+    auto tiles = std::make_unique<TileSet>(count);
     tiles->setId(readId(object, "id", freshId()));
     tiles->setName(readString(object, "name"));
     tiles->setHiRes(readBool(object, "hires", false));
@@ -297,10 +355,12 @@ bool Reader::readTileSet(const QJsonObject& object)
     // A set of no tiles is written with an empty picture and needs none.
     if (tiles->count() > 0) {
         const QString name = ProjectEntry::tileSet(tiles->id());
-        const QByteArray png = entry(name);
-        if (png.isEmpty())
+        if (entry(name).isEmpty())
             return fail(QStringLiteral("Failed to load tile set tileImage \"%1\" from project file").arg(name));
-        if (!tiles->fromPng(png))
+        const QImage sheet = picture(name, QStringLiteral("tile set \"%1\"").arg(tiles->name()));
+        if (!mError.isEmpty())
+            return false;
+        if (!tiles->setSheet(sheet))
             return fail(QStringLiteral("Error setting tile set anim - %1").arg(tiles->name()));
     }
     const QUuid palette = readId(object, "palette", freshId());
@@ -314,10 +374,27 @@ bool Reader::readMap(const QJsonObject& object)
 {
     const QUuid id = readId(object, "id", freshId());
     const QString name = readString(object, "name");
-    QSize size;
+    const QByteArray blob = entry(ProjectEntry::tileMap(id));
+    QSize size = tileMapBlobSize(blob);
+    if (size.width() > Map::MaxSide || size.height() > Map::MaxSide)
+        return fail(QStringLiteral("Invalid project file: map %1 is %2 × %3 cells; a map can have at most %4 a side")
+                        .arg(name)
+                        .arg(size.width())
+                        .arg(size.height())
+                        .arg(Map::MaxSide));
+    const QJsonArray blocks = readArray(object, "animations");
+    const QJsonArray sprites = readArray(object, "sprites");
+    if (!mBudget.charge(ProjectBudget::mapCost(size) + ProjectBudget::recordsCost(blocks.size() + sprites.size()),
+                        QStringLiteral("map \"%1\"").arg(name)))
+        return overBudget();
     TileMap::Grid cells;
-    if (!readTileMapBlob(entry(ProjectEntry::tileMap(id)), size, cells))
+    if (!readTileMapBlob(blob, size, cells))
         return fail(QStringLiteral("Failed to load tile map anim for map %1").arg(name));
+    // Placing a block replaces the blocks under it, so blocks never share a
+    // cell; more block cells than the map has is a damaged file, and would
+    // cost the marking of the object layer the map's area again per block.
+    if (placedCells(blocks, size) > qint64(size.width()) * size.height())
+        return fail(QStringLiteral("Invalid project file: the blocks placed on map %1 overlap").arg(name));
 
     // Made at the blob's size, so the object layer has it too; it is marked at the end.
     auto map = std::make_unique<Map>(name, size);
@@ -325,9 +402,9 @@ bool Reader::readMap(const QJsonObject& object)
     map->setTileTransparencyIndex(readInt(object, "tile_transparency", -1));
     map->setGridVisible(readBool(object, "grid_visible", true));
     map->setBackgroundTileIndex(readInt(object, "backgroundTileIndex", -1));
-    readPlacedBlocks(*map, readArray(object, "animations"));
+    readPlacedBlocks(*map, blocks);
     map->setSpriteLayerVisible(readBool(object, "spriteLayerVisible", true));
-    for (const QJsonValue& value : readArray(object, "sprites"))
+    for (const QJsonValue& value : sprites)
         map->addSprite(placedSpriteOf(value.toObject()));
     map->tileMap()->setGrid(cells);
     map->setTileLayerVisible(readBool(object, "tileLayerVisible", true));
@@ -348,7 +425,9 @@ bool Reader::readSpriteBank(const QJsonObject& object)
     bank->setId(readId(object, "id", freshId()));
     bank->setName(readString(object, "name"));
     bank->setTransparency(readInt(object, "transparency", -1));
-    const QImage sheet = QImage::fromData(entry(ProjectEntry::spriteBank(bank->id())), "png");
+    const QImage sheet = picture(ProjectEntry::spriteBank(bank->id()), QStringLiteral("sprite bank \"%1\"").arg(bank->name()));
+    if (!mError.isEmpty())
+        return false;
     if (sheet.isNull())
         return fail(QStringLiteral("Project has a missing sprite anim"));
     bank->setBankImage(sheet);
@@ -361,7 +440,8 @@ bool Reader::readSpriteBank(const QJsonObject& object)
             bytes.append(char(uchar(value.toInt(0) & 0xFF)));
         bank->setOffsets(bytes);
     }
-    readSpriteAnimations(*bank, readArray(object, "animations"));
+    if (!readSpriteAnimations(*bank, readArray(object, "animations"), mBudget))
+        return overBudget();
     const QUuid palette = readId(object, "palette", QUuid());
     bank->setPaletteId(palette);
     bank->setPalette(mProject.palette(palette));
@@ -375,26 +455,29 @@ bool Reader::readImage(const QJsonObject& object)
     auto image = std::make_unique<Image>(Tintorel::ImageMode(mode));
     image->setId(readId(object, "id", QUuid()));
     image->setName(readString(object, "name"));
-    const QImage picture = QImage::fromData(entry(ProjectEntry::image(image->id())), "png");
-    if (picture.isNull())
+    const QImage pixels = picture(ProjectEntry::image(image->id()), QStringLiteral("image \"%1\"").arg(image->name()));
+    if (!mError.isEmpty())
+        return false;
+    if (pixels.isNull())
         return fail(QStringLiteral("Failed to load tile image %1").arg(image->name()));
-    image->setImage(picture);
+    image->setImage(pixels);
     image->setPalette(mProject.palette(readId(object, "palette", QUuid())));
     mProject.addImage(image.release());
     return true;
 }
 
-void Reader::readScratch()
+bool Reader::readScratch()
 {
     const QList<QPointer<Palette>> palettes = mProject.palettes();
     if (!mProject.palette(mProject.scratchPalette()) && !palettes.isEmpty() && palettes.first())
         mProject.setScratchPalette(palettes.first()->id());
-    const QImage scratch = QImage::fromData(entry(ProjectEntry::scratch()), "png");
+    const QImage scratch = picture(ProjectEntry::scratch(), QStringLiteral("the scratch image"));
     if (!scratch.isNull())
         mProject.setScratchImage(scratch);
+    return mError.isEmpty();
 }
 
-void Reader::readBlocks(const QJsonObject& object)
+bool Reader::readBlocks(const QJsonObject& object)
 {
     auto blocks = std::make_unique<MapObjects>();
     blocks->setId(readId(object, "id", QUuid()));
@@ -402,8 +485,10 @@ void Reader::readBlocks(const QJsonObject& object)
     const QUuid tileSet = readId(object, "tiles", QUuid());
     blocks->setTileSetId(tileSet);
     blocks->setTileSet(mProject.tileSet(tileSet));
-    readBlockAnimations(*blocks, readArray(object, "animations"));
+    if (!readBlockAnimations(*blocks, readArray(object, "animations"), mBudget))
+        return overBudget();
     mProject.addBlocks(blocks.release());
+    return true;
 }
 
 void Reader::rebuildObjectLayers()

@@ -1,5 +1,6 @@
 #include "project/tilemapblob.h"
 
+#include "model/map.h"
 #include "model/tileset.h"
 
 #include <QDataStream>
@@ -14,7 +15,6 @@ constexpr qint64 HeaderBytes = 8;
 // index int32, filled int8, offset int32, rotate, flip and mirror int8
 constexpr qint64 CellBytes = 12;
 constexpr qint64 TileSetIdBytes = 16;
-constexpr qint32 MaxSide = 65536;
 
 } // namespace
 
@@ -45,6 +45,14 @@ QByteArray tileMapBlob(const TileMap& tiles)
     return bytes;
 }
 
+QSize tileMapBlobSize(const QByteArray& bytes)
+{
+    if (bytes.size() < HeaderBytes)
+        return {};
+    const auto* header = reinterpret_cast<const uchar*>(bytes.constData());
+    return QSize(qFromBigEndian<qint32>(header + 4), qFromBigEndian<qint32>(header));
+}
+
 bool readTileMapBlob(const QByteArray& bytes, QSize& size, TileMap::Grid& cells)
 {
     if (bytes.size() < HeaderBytes)
@@ -55,7 +63,7 @@ bool readTileMapBlob(const QByteArray& bytes, QSize& size, TileMap::Grid& cells)
     stream >> height >> width;
     // The size must account for every byte, so that a damaged header is
     // caught here rather than read as cells from the trailing id.
-    if (width < 0 || height < 0 || width > MaxSide || height > MaxSide
+    if (width < 0 || height < 0 || width > Map::MaxSide || height > Map::MaxSide
         || bytes.size() != HeaderBytes + qint64(width) * height * CellBytes + TileSetIdBytes)
         return false;
 

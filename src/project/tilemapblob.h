@@ -10,7 +10,11 @@ class QSize;
 // big-endian QDataStream.
 QByteArray tileMapBlob(const TileMap& tiles);
 
+// The size a blob claims, read from its header alone; invalid for a blob
+// too short to have one.
+QSize tileMapBlobSize(const QByteArray& bytes);
+
 // The cells of a blob; the trailing tile set id is not read. False for a
-// blob whose length does not match the size it claims, or a side above
-// 65,536, so that a damaged size never becomes an allocation.
+// blob whose length does not match the size it claims, or a side longer
+// than a map's, so that a damaged size never becomes an allocation.
 bool readTileMapBlob(const QByteArray& bytes, QSize& size, TileMap::Grid& cells);

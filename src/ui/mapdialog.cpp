@@ -1,5 +1,6 @@
 #include "ui/mapdialog.h"
 
+#include "model/map.h"
 #include "ui/assetcombobox.h"
 
 #include <QFormLayout>
@@ -14,7 +15,7 @@ constexpr QSize DefaultSize(40, 32);
 QSpinBox* sideBox(int value, QWidget* parent)
 {
     auto* box = new QSpinBox(parent);
-    box->setRange(1, MapDialog::MaximumSide);
+    box->setRange(1, Map::MaxSide);
     box->setValue(value);
     return box;
 }

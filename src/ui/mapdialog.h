@@ -13,9 +13,6 @@ class MapDialog : public DialogBase
 {
     Q_OBJECT
 public:
-    // The largest side of a map that the size boxes offer, in cells.
-    static constexpr int MaximumSide = 1024;
-
     explicit MapDialog(QWidget* parent = nullptr);
 
     // Empties the name and lists the project's tile sets by id and name.

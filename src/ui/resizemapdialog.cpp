@@ -1,5 +1,6 @@
 #include "ui/resizemapdialog.h"
 
+#include "model/map.h"
 #include "ui/mapdialog.h"
 #include "ui/themedicon.h"
 
@@ -38,7 +39,7 @@ QSpinBox* sideBox(const QString& name, QWidget* parent)
 {
     auto* box = new QSpinBox(parent);
     box->setObjectName(name);
-    box->setRange(1, MapDialog::MaximumSide);
+    box->setRange(1, Map::MaxSide);
     return box;
 }
 

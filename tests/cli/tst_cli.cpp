@@ -22,6 +22,7 @@ private slots:
     void info();
     void exportEverythingOrOneMap();
     void importIntoNewAndExistingProjects();
+    void exportedTileMapImportsBack();
     void failedImportLeavesTheProjectAlone();
     void damagedProjectIsNeverSavedOver_data();
     void damagedProjectIsNeverSavedOver();
@@ -127,6 +128,28 @@ void TestCli::importIntoNewAndExistingProjects()
     QVERIFY(QFile::exists(project + ".bak"));
     info = QJsonDocument::fromJson(run({ "info", project }).out).object();
     QCOMPARE(info["maps"].toArray().size(), 2);
+}
+
+// The export's three files of a map whose assets have other names, named
+// on the command line, and exported again as they were.
+void TestCli::exportedTileMapImportsBack()
+{
+    const QString out = mDir.filePath("cave-out");
+    QCOMPARE(run({ "export", mProject, "--out", out, "--map", "Cave" }).status, 0);
+    const QDir dir(out);
+    const QString project = mDir.filePath("cave-back.tintorel");
+    const Result imported = run({ "import", dir.filePath("Cave_tilemap.bin"), "--width", "2", "--tiles",
+                                  dir.filePath("Tiles_tiles.nxt"), "--palette", dir.filePath("Colours_palette.bin"),
+                                  "--project", project });
+    QVERIFY2(imported.status == 0, imported.err.constData());
+    const QString again = mDir.filePath("cave-again");
+    QCOMPARE(run({ "export", project, "--out", again }).status, 0);
+    const auto bytes = [](const QString& path) {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    };
+    QCOMPARE(bytes(QDir(again).filePath("Cave_tilemap.bin")), bytes(dir.filePath("Cave_tilemap.bin")));
+    QCOMPARE(bytes(QDir(again).filePath("Cave_palette.bin")), bytes(dir.filePath("Colours_palette.bin")));
 }
 
 void TestCli::failedImportLeavesTheProjectAlone()
@@ -247,6 +270,8 @@ void TestCli::failures_data()
                                   << "unexpected argument 'b.tintorel'";
     QTest::newRow("option without its value") << QStringList { "export", "x.tintorel", "--out" } << 2
                                               << "Missing value after '--out'";
+    QTest::newRow("tile map without width") << QStringList { "import", "level.map", "--project", "p.tintorel" } << 2
+                                            << "tintorel-cli import: a tile map needs --width, its row length in cells";
     QTest::newRow("scale 0") << QStringList { "render", "PROJECT", "--map", "Forest", "--out", "x.png", "--scale", "0" }
                              << 2 << "tintorel-cli render: scale must be 1 to 64";
     QTest::newRow("tick below 0") << QStringList { "render", "PROJECT", "--map", "Forest", "--out", "x.png", "--tick", "-1" }

@@ -1,4 +1,5 @@
 #include "interchange/spritefile.h"
+#include "interchange/spritepictureimport.h"
 #include "model/map.h"
 #include "model/palette.h"
 #include "model/spritebank.h"
@@ -6,6 +7,7 @@
 #include "model/tileset.h"
 #include "project/project.h"
 
+#include <QElapsedTimer>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -67,6 +69,7 @@ private slots:
     void blockImport();
     void spriteImportTargets();
     void spriteRoundTrip();
+    void sixteenThousandSpritesImportInOneGo();
     void writersFailOnUnwritablePath();
 
 private:
@@ -263,6 +266,33 @@ void TestFormats::spriteRoundTrip()
     const QString second = mDir.filePath("second.spr");
     QVERIFY(copy->exportData(second));
     QCOMPARE(readFile(second), bytes);
+}
+
+// Each sprite added once used to copy the whole strip: a full bank took
+// most of a minute. The bound is loose, for a sanitized build.
+void TestFormats::sixteenThousandSpritesImportInOneGo()
+{
+    QByteArray bytes(16384 * 256, '\0');
+    for (qsizetype i = 0; i < bytes.size(); ++i)
+        bytes[i] = char((i * 7) >> 8);
+    const QString spr = mDir.filePath("full.spr");
+    QVERIFY(writeFile(spr, bytes));
+    QImage blank(2048, 2048, QImage::Format_RGB32);
+    blank.fill(Qt::black);
+    const QString picture = mDir.filePath("blank.png");
+    QVERIFY(blank.save(picture));
+
+    Project project;
+    QElapsedTimer clock;
+    clock.start();
+    SpriteBank* fromFile = nullptr;
+    QVERIFY(SpriteFile::import(project, spr, {}, nullptr, {}, &fromFile).ok());
+    SpriteBank* fromPicture = nullptr;
+    QVERIFY(importSpriteSheet(project, picture, &fromPicture).ok());
+    QVERIFY2(clock.elapsed() < 20000, qPrintable(QString::number(clock.elapsed())));
+    QCOMPARE(fromFile->spriteCount(), 16384);
+    QCOMPARE(fromPicture->spriteCount(), 16384);
+    QCOMPARE(SpriteFile::content(*fromFile), bytes);
 }
 
 void TestFormats::writersFailOnUnwritablePath()

@@ -1,6 +1,7 @@
 #include "interchange/maprenderer.h"
 #include "model/map.h"
 #include "model/palette.h"
+#include "model/spritebank.h"
 #include "model/tileset.h"
 
 #include <QPainter>
@@ -15,6 +16,7 @@ class TestMapRenderer : public QObject
 private slots:
     void layersMatchPaintingEachLayer_data();
     void layersMatchPaintingEachLayer();
+    void wholeMapMatchesTheTabAcrossBands();
 };
 
 void TestMapRenderer::layersMatchPaintingEachLayer_data()
@@ -77,6 +79,54 @@ void TestMapRenderer::layersMatchPaintingEachLayer()
         for (int x = 0; x < expected.width(); ++x)
             if (composed.pixel(x, y) != expected.pixel(x, y))
                 QFAIL(qPrintable(QString("pixel (%1, %2) differs").arg(x).arg(y)));
+}
+
+// The command-line picture is drawn band by band from pictures of each
+// band; a tall map crosses bands, and a sprite lies across their seam.
+void TestMapRenderer::wholeMapMatchesTheTabAcrossBands()
+{
+    Palette palette;
+    palette.loadStandard();
+    TileSet tiles(4);
+    tiles.setPalette(&palette);
+    for (int i = 0; i < tiles.count(); ++i) {
+        QImage image(8, 8, QImage::Format_Indexed8);
+        image.setColorTable(palette.rgbTable());
+        for (int p = 0; p < 64; ++p)
+            image.setPixel(p % 8, p / 8, 16 * i + p % 9);
+        tiles.setTileImage(i, image);
+    }
+    // 640 pixels wide at scale 2: bands of 409 rows.
+    Map map("Tall", QSize(40, 900));
+    map.setTileSet(&tiles);
+    for (int y = 0; y < 900; ++y)
+        for (int x = 0; x < 40; ++x)
+            map.setTile(QPoint(x, y), { (x + y) % 4, bool(y & 1), false, bool(x & 1), (x + y) % 4, true });
+    SpriteBank bank(Tintorel::Sprite::EightBit);
+    bank.setPalette(&palette);
+    QImage sprite(16, 16, QImage::Format_Indexed8);
+    sprite.setColorTable(palette.rgbTable());
+    for (int p = 0; p < 256; ++p)
+        sprite.setPixel(p % 16, p / 16, p % 7 == 0 ? 0xE3 : 0x40 + p % 32);
+    bank.setImage(0, sprite);
+    for (int y : { 0, 8 * 409 - 5, 8 * 898 })
+        map.addSprite({ bank.id(), {}, 0, 20, y });
+    MapRenderer renderer(map, [&bank](const QUuid&) { return &bank; });
+
+    const int scale = 2;
+    const QImage rendered = renderer.render(scale).convertToFormat(QImage::Format_RGB32);
+    QImage expected = renderer.composeLayers(QRect(QPoint(0, 0), map.size()), 8 * scale);
+    QPainter painter(&expected);
+    renderer.paintSprites(painter, [](const QPoint& p) { return p * scale; }, scale, 0);
+    painter.end();
+    QCOMPARE(rendered.size(), expected.size());
+    for (int y = 0; y < expected.height(); ++y)
+        if (std::memcmp(rendered.constScanLine(y), expected.constScanLine(y), size_t(expected.width()) * 4) != 0)
+            QFAIL(qPrintable(QString("row %1 differs").arg(y)));
+
+    QString problem;
+    QVERIFY(renderer.render(64, 0, MapRenderer::AllLayers, &problem).isNull());
+    QVERIFY(problem.contains("a render can take at most 512 MB"));
 }
 
 QTEST_MAIN(TestMapRenderer)

@@ -9,6 +9,7 @@
 #include "ui/paletteselectordialog.h"
 #include "ui/projectdialog.h"
 #include "ui/resizemapdialog.h"
+#include "ui/tilemapwidthdialog.h"
 #include "ui/tilesetdialog.h"
 
 #include <QAbstractButton>
@@ -92,6 +93,7 @@ private slots:
     void projectNeedsANonBlankName();
     void tileSetCarriesItsChoices();
     void mapCarriesNameTileSetAndSize();
+    void tileMapWidthMakesWholeRows();
     void paletteAction_data();
     void paletteAction();
     void paletteSelectorNeedsAPalette();
@@ -232,6 +234,25 @@ void TestDialogs::mapCarriesNameTileSetAndSize()
     QCOMPARE(name, QStringLiteral("Level 1"));
     QCOMPARE(tileSet, AlphaId);
     QCOMPARE(size, QSize(64, 48));
+}
+
+void TestDialogs::tileMapWidthMakesWholeRows()
+{
+    TileMapWidthDialog dialog;
+    dialog.setMapFile("level.map", 1000);
+    QCOMPARE(dialog.width(), 40); // the first of the usual widths that makes whole rows
+    int accepted = 0;
+    connect(&dialog, &TileMapWidthDialog::accepted, this, [&](QString file, int width) {
+        QCOMPARE(file, QStringLiteral("level.map"));
+        accepted = width;
+    });
+    setFields(&dialog, {{"width", 30}});
+    dialog.accept();
+    QCOMPARE(dialog.message(), QStringLiteral("1000 cells are not whole rows of 30"));
+    QCOMPARE(accepted, 0);
+    setFields(&dialog, {{"width", 25}});
+    dialog.accept();
+    QCOMPARE(accepted, 25);
 }
 
 void TestDialogs::paletteAction_data()

@@ -8,6 +8,7 @@
 #include "editors/palette/colourselector.h"
 #include "model/image.h"
 #include "model/palette.h"
+#include "model/picturefile.h"
 #include "project/project.h"
 #include "ui/toolpalette.h"
 
@@ -219,10 +220,12 @@ bool View::exportImage(const QString& name)
     return mImage && mCanvas->image().save(name);
 }
 
-bool View::openImage(const QString& name)
+bool View::openImage(const QString& name, QString* problem)
 {
-    QImage loaded;
-    if (!mImage || !loaded.load(name))
+    if (!mImage)
+        return false;
+    const QImage loaded = PictureFile::read(name, problem);
+    if (loaded.isNull())
         return false;
     // Without a palette of the project the scratch picture is shown in
     // colours that nothing saves: the import gives it one, as a load would.

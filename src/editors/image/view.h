@@ -67,7 +67,8 @@ public slots:
     bool exportImage(const QString& name);
     // Loads a picture onto the screen as one step, and its colours into
     // the palette; false when the file does not load.
-    bool openImage(const QString& name);
+    // False with the reason in `problem` when the file is no usable picture.
+    bool openImage(const QString& name, QString* problem = nullptr);
     void setForeIndex(int index);
     void setBackIndex(int index);
 

@@ -8,7 +8,9 @@
 #include "ui/toolpalette.h"
 
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QGridLayout>
+#include <QMessageBox>
 #include <QScrollBar>
 #include <QVBoxLayout>
 
@@ -98,8 +100,18 @@ void ViewBuilder::buildDialogs()
     mView->mOpenDialog = open;
     mView->mExportDialog = save;
     View* view = mView;
-    connect(open, &QFileDialog::fileSelected, view, [view](const QString& name) { view->openImage(name); });
-    connect(save, &QFileDialog::fileSelected, view, [view](const QString& name) { view->exportImage(name); });
+    connect(open, &QFileDialog::fileSelected, view, [view](const QString& name) {
+        QString problem;
+        if (!view->openImage(name, &problem))
+            QMessageBox::warning(view, View::tr("Import Image"),
+                                 problem.isEmpty() ? View::tr("%1 is not a picture").arg(QFileInfo(name).fileName())
+                                                   : problem);
+    });
+    connect(save, &QFileDialog::fileSelected, view, [view](const QString& name) {
+        if (!view->exportImage(name))
+            QMessageBox::warning(view, View::tr("Export Image"),
+                                 View::tr("%1 could not be written").arg(QFileInfo(name).fileName()));
+    });
 }
 
 void ViewBuilder::connectCanvas()
