@@ -216,9 +216,9 @@ void pictureSeeds()
 {
     const QList<QByteArray> formats { "png", "bmp", "gif", "jpg", "pbm", "pgm", "ppm", "xbm", "xpm" };
     for (int i = 0; i < formats.size(); ++i)
-        seed("picture", QStringLiteral("tiles.%1").arg(formats.at(i)), i, SeedPictures::encoded(formats.at(i)));
+        seed("picture", QStringLiteral("tiles.%1").arg(formats.at(i)), SeedPictures::encoded(formats.at(i)));
     const QByteArray png = SeedPictures::encoded("png");
-    seed("picture", "truncated.png", 0, png.left(png.size() - 20));
+    seed("picture", "truncated.png", png.left(png.size() - 20));
 }
 
 } // namespace

@@ -4,7 +4,6 @@
 
 #include "model/palette.h"
 
-#include <QDebug>
 #include <QHash>
 #include <array>
 
@@ -100,15 +99,19 @@ QImage NxImage::toIndexed() const
     QHash<QRgb, int> position;
     for (int i = mColours.size() - 1; i >= 0; --i)
         position.insert(mColours.at(i), i); // the first position wins
+    // Pictures come in runs of one colour: a run costs one probe.
+    QRgb last = 0;
+    int lastIndex = -1;
     for (int y = 0; y < mImage.height(); ++y) {
         const auto* source = reinterpret_cast<const QRgb*>(mImage.constScanLine(y));
         uchar* target = result.scanLine(y);
         for (int x = 0; x < mImage.width(); ++x) {
-            const auto it = position.constFind(source[x]);
-            if (it == position.constEnd())
-                qInfo() << "not found";
-            else if (*it < 256) // past the table an index cannot be stored
-                target[x] = uchar(*it);
+            if (lastIndex < 0 || source[x] != last) {
+                last = source[x];
+                lastIndex = position.value(last, 0);
+            }
+            if (lastIndex < 256) // past the table an index cannot be stored
+                target[x] = uchar(lastIndex);
         }
     }
     return result;
