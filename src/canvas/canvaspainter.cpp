@@ -2,6 +2,8 @@
 
 #include "canvas/canvas.h"
 
+#include <QPixmap>
+
 #include <algorithm>
 
 CanvasPainter::CanvasPainter(Canvas* canvas)
@@ -50,9 +52,18 @@ void CanvasPainter::drawChecker(const std::array<QColor, 2>& colours, int alpha)
 void CanvasPainter::drawGridLines()
 {
     const QRect area = mCanvas->imageArea();
-    setPen(QColor(255, 255, 255, 0x30));
-    for (int y = area.top(); y < area.bottom(); y += mStepY)
-        drawLine(area.left(), y, area.right(), y);
-    for (int x = area.left(); x < area.right(); x += mStepX)
-        drawLine(x, area.top(), x, area.bottom());
+    // One cell's top and left edge, tiled over the image. Lines drawn one by
+    // one cost far more: the raster engine hands every line taller than a
+    // few dozen rows to worker threads and waits for them.
+    QPixmap cell(mStepX, mStepY);
+    cell.fill(Qt::transparent);
+    {
+        QPainter edges(&cell);
+        edges.setPen(QColor(255, 255, 255, 0x30));
+        edges.drawLine(0, 0, mStepX - 1, 0);
+        edges.drawLine(0, 0, 0, mStepY - 1);
+    }
+    QBrush brush(cell);
+    brush.setTransform(QTransform::fromTranslate(area.left(), area.top()));
+    fillRect(area, brush);
 }

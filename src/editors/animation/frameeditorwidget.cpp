@@ -307,6 +307,23 @@ void FrameEditorWidget::dropEvent(QDropEvent* event)
     selectCell(at);
 }
 
+QImage FrameEditorWidget::composed(const AnimationFrame& frame) const
+{
+    // The cells at their own size in one picture, scaled once by the caller:
+    // the raster engine hands every picture it scales past a few dozen rows
+    // to worker threads, so cell by cell costs a wait per cell.
+    const int side = cellSize() / mScale;
+    QImage picture(mAnimation->size() * side, QImage::Format_RGB32);
+    picture.fill(Qt::black);
+    if (!mPainter)
+        return picture;
+    QPainter painter(&picture);
+    for (int row = 0; row < mAnimation->height(); ++row)
+        for (int column = 0; column < mAnimation->width(); ++column)
+            painter.drawImage(QRect(column * side, row * side, side, side), mPainter(frame.cell(row, column)));
+    return picture;
+}
+
 void FrameEditorWidget::paintEvent(QPaintEvent* event)
 {
     QPainter painter(this);
@@ -316,11 +333,7 @@ void FrameEditorWidget::paintEvent(QPaintEvent* event)
         return;
     }
     const int size = cellSize();
-    painter.fillRect(QRect(QPoint(0, 0), mAnimation->size() * size), Qt::black);
-    for (int row = 0; row < mAnimation->height(); ++row)
-        for (int column = 0; column < mAnimation->width(); ++column)
-            if (mPainter)
-                painter.drawImage(QRect(column * size, row * size, size, size), mPainter(frame->cell(row, column)));
+    painter.drawImage(QRect(QPoint(0, 0), mAnimation->size() * size), composed(*frame));
     for (const QPoint& marked : { mSelectedCell, mDropCell }) {
         if (!isValidCell(marked))
             continue;

@@ -67,6 +67,7 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
+    QImage composed(const AnimationFrame& frame) const;
     bool isSpriteAnimation() const;
     void fit();
     int cellNumber(const QPoint& cell) const;
