@@ -78,12 +78,10 @@ bool ProjectStore::save(bool backup)
         emit saveError(tr("Could not create the project file"));
         return false;
     }
-    const QMap<QString, QByteArray> entries = collectEntries(*mProject, true);
-    for (auto it = entries.cbegin(); it != entries.cend(); ++it) {
-        if (!zip.write(it.key(), it.value())) {
-            emit saveError(tr("Could not write %1").arg(it.key()));
-            return false;
-        }
+    QString failed;
+    if (!zip.writeAll(collectEntries(*mProject, true), &failed)) {
+        emit saveError(tr("Could not write %1").arg(failed));
+        return false;
     }
     if (!zip.close()) {
         emit saveError(tr("Could not finish writing the project file"));

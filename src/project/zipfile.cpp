@@ -3,14 +3,17 @@
 #include "project/deflater.h"
 
 #include <QBuffer>
+#include <QThread>
 #include <QImage>
 #include <QtDebug>
 #include <QtEndian>
 
 #include <zip.h>
 
+#include <atomic>
 #include <cstring>
 #include <limits>
+#include <thread>
 #include <utility>
 
 namespace {
@@ -75,8 +78,19 @@ struct ZipFile::Deflated
     qint64 position = 0;
     zip_error_t error {};
 
+    static std::unique_ptr<Deflated> of(Deflater& deflater, const QByteArray& bytes);
     static zip_int64_t callback(void* state, void* data, zip_uint64_t length, zip_source_cmd_t command);
 };
+
+std::unique_ptr<ZipFile::Deflated> ZipFile::Deflated::of(Deflater& deflater, const QByteArray& bytes)
+{
+    auto entry = std::make_unique<Deflated>();
+    entry->data = deflater.compress(bytes);
+    entry->size = quint64(bytes.size());
+    entry->crc = Deflater::crc32(bytes);
+    zip_error_init(&entry->error);
+    return entry;
+}
 
 zip_int64_t ZipFile::Deflated::callback(void* state, void* data, zip_uint64_t length, zip_source_cmd_t command)
 {
@@ -229,17 +243,52 @@ QImage ZipFile::readImage(const QString& name) const
 
 bool ZipFile::write(const QString& name, const QByteArray& bytes)
 {
-    if (mMode != Mode::Writing || !usableName(name) || name.startsWith(QLatin1Char('/')))
+    if (mMode != Mode::Writing)
         return false;
     if (!mDeflater)
         mDeflater = std::make_unique<Deflater>();
-    auto entry = std::make_unique<Deflated>();
-    entry->data = mDeflater->compress(bytes);
-    entry->size = quint64(bytes.size());
-    entry->crc = Deflater::crc32(bytes);
-    if (entry->data.isEmpty())
+    return add(name, Deflated::of(*mDeflater, bytes));
+}
+
+bool ZipFile::writeAll(const QMap<QString, QByteArray>& entries, QString* failed)
+{
+    if (mMode != Mode::Writing)
         return false;
-    zip_error_init(&entry->error);
+    // Deflating is nearly all of a save's time, and the entries are
+    // independent: each thread takes the next one left, with a compressor
+    // of its own.
+    std::vector<std::pair<QString, const QByteArray*>> work;
+    for (auto it = entries.cbegin(); it != entries.cend(); ++it)
+        work.emplace_back(it.key(), &it.value());
+    std::vector<std::unique_ptr<Deflated>> deflated(work.size());
+    std::atomic<size_t> next { 0 };
+    const auto deflateRest = [&] {
+        Deflater deflater;
+        for (size_t i = next++; i < work.size(); i = next++)
+            deflated[i] = Deflated::of(deflater, *work[i].second);
+    };
+    const size_t helpers = std::min(size_t(std::max(1, QThread::idealThreadCount())), work.size());
+    std::vector<std::thread> threads;
+    for (size_t i = 1; i < helpers; ++i)
+        threads.emplace_back(deflateRest);
+    deflateRest();
+    for (std::thread& thread : threads)
+        thread.join();
+
+    for (size_t i = 0; i < work.size(); ++i) {
+        if (!add(work[i].first, std::move(deflated[i]))) {
+            if (failed)
+                *failed = work[i].first;
+            return false;
+        }
+    }
+    return true;
+}
+
+bool ZipFile::add(const QString& name, std::unique_ptr<Deflated> entry)
+{
+    if (mMode != Mode::Writing || !usableName(name) || name.startsWith(QLatin1Char('/')) || entry->data.isEmpty())
+        return false;
     // libzip reads the data only in zip_close; the entry lives until then.
     zip_source_t* source = zip_source_function(mArchive, &Deflated::callback, entry.get());
     if (!source)

@@ -1,6 +1,7 @@
 #pragma once
 #include <QFile>
 #include <QList>
+#include <QMap>
 #include <QObject>
 #include <memory>
 #include <vector>
@@ -33,6 +34,9 @@ public:
 
     bool write(const QString& name, const QByteArray& bytes);
     bool writeImage(const QString& name, const QImage& image);
+    // Every entry, deflated on all the machine's cores and added in the
+    // map's order; false at the first that cannot be added, named in `failed`.
+    bool writeAll(const QMap<QString, QByteArray>& entries, QString* failed = nullptr);
 
 private:
     enum class Mode { Closed, Reading, Writing };
@@ -46,6 +50,7 @@ private:
     zip_source* mBuffer = nullptr; // the archive's bytes while writing
     QFile mFile;                   // opened by openWrite, filled by close
     struct Deflated;
+    bool add(const QString& name, std::unique_ptr<Deflated> entry);
     std::vector<std::unique_ptr<Deflated>> mEntries; // read by libzip only in close
     std::unique_ptr<Deflater> mDeflater;
 };

@@ -58,6 +58,7 @@ private slots:
     void initTestCase();
     void roundTripKeepsEveryEntry();
     void entriesAreDeflatedInWrittenOrder();
+    void writeAllKeepsEveryEntryInOrder();
     void lookupIsCaseSensitive_data();
     void lookupIsCaseSensitive();
     void openWriteTruncatesAndWritesInPlace();
@@ -145,6 +146,38 @@ void TestZipFile::entriesAreDeflatedInWrittenOrder()
     // Bits 1-2 of the first local header's flags: 01 says "maximum compression".
     const QByteArray bytes = readFile(file);
     QCOMPARE(qFromLittleEndian<quint16>(bytes.constData() + 6) & 6, 2);
+}
+
+void TestZipFile::writeAllKeepsEveryEntryInOrder()
+{
+    // More entries than threads, of very different sizes, so that they
+    // finish out of order.
+    QMap<QString, QByteArray> entries;
+    for (int i = 0; i < 40; ++i)
+        entries.insert(QStringLiteral("entry/%1").arg(i, 2, 10, QLatin1Char('0')),
+                       QByteArray((i % 7) * 50000 + 1, char('a' + i % 26)) + QByteArray::number(i));
+    const QString file = path("all.tintorel");
+    ZipFile zip;
+    QVERIFY(zip.openWrite(file));
+    QVERIFY(zip.writeAll(entries));
+    QVERIFY(zip.close());
+
+    int error = 0;
+    std::unique_ptr<zip_t, decltype(&zip_discard)> archive(
+        zip_open(file.toLocal8Bit().constData(), ZIP_RDONLY | ZIP_CHECKCONS, &error), &zip_discard);
+    QVERIFY(archive);
+    const QStringList names = entries.keys();
+    for (int i = 0; i < names.size(); ++i)
+        QCOMPARE(QString::fromUtf8(zip_get_name(archive.get(), i, 0)), names.at(i));
+    QVERIFY(zip.openRead(file));
+    for (auto it = entries.cbegin(); it != entries.cend(); ++it)
+        QCOMPARE(zip.read(it.key()), it.value());
+    QVERIFY(zip.close());
+
+    QVERIFY(zip.openWrite(file));
+    QString failed;
+    QVERIFY(!zip.writeAll({ { "/absolute", "x" }, { "good", "y" } }, &failed));
+    QCOMPARE(failed, QString("/absolute"));
 }
 
 void TestZipFile::lookupIsCaseSensitive_data()
