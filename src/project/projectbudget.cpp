@@ -17,7 +17,11 @@ namespace {
 
 // A cell of each of a map's two layers.
 constexpr qint64 MapCellBytes = 2 * sizeof(TileMap::TileData);
-constexpr qint64 FrameCellBytes = sizeof(AnimationFrame::Cell);
+// A cell of a block or sprite frame, priced as a save writes it: an object
+// of five fields in the document, about a kilobyte while it is built. At
+// the model's own size, a file of empty frames could load and then take
+// gigabytes to save.
+constexpr qint64 FrameCellBytes = 1024;
 // A placed block or sprite, a tile or a colour with what keeps it.
 constexpr qint64 RecordBytes = 256;
 

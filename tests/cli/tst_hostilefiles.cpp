@@ -108,6 +108,11 @@ void TestHostileFiles::makeFiles()
         blocks += QByteArray(i ? "," : "") + R"({"x": 0, "y": 0, "width": 1024, "height": 1024})";
     makeArchive("overlapping-blocks.tintorel", { { "project.json", mapDocument(map, blocks) },
                                                  { QStringLiteral("tilemap/%1").arg(map), tileMapEntry({ 1024, 1024 }) } });
+    // A block of 256 × 256 cells with ten empty frames: a few bytes to load,
+    // 655,360 cells for a save to write.
+    makeArchive("empty-frames.tintorel",
+                { { "project.json", R"({"mapObjects": [{"name": "s", "animations": [{"name": "a", "width": 256,
+                                       "height": 256, "frames": [{}, {}, {}, {}, {}, {}, {}, {}, {}, {}]}]}]})" } });
     makeArchive("map-2000.tintorel", { { "project.json", mapDocument(map, {}) },
                                        { QStringLiteral("tilemap/%1").arg(map), tileMapEntry({ 2000, 2000 }) } });
 
@@ -157,6 +162,9 @@ void TestHostileFiles::hostileFile_data()
         << QStringList { "info", made("drawn-tiles.tintorel") } << 1 << "Error setting tile set anim - T";
     QTest::newRow("200 block animations of 256 × 256 cells and 16 frames")
         << QStringList { "info", data("huge-block-animations.tintorel") } << 1
+        << "Invalid project file: animation \"a\" would take the project past the 512 MB a project can hold";
+    QTest::newRow("one block of 256 × 256 cells and ten empty frames")
+        << QStringList { "info", made("empty-frames.tintorel") } << 1
         << "Invalid project file: animation \"a\" would take the project past the 512 MB a project can hold";
     QTest::newRow("1000 blocks over a 1024 × 1024 map")
         << QStringList { "info", made("overlapping-blocks.tintorel") } << 1
