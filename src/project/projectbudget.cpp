@@ -22,8 +22,9 @@ constexpr qint64 MapCellBytes = 2 * sizeof(TileMap::TileData);
 // the model's own size, a file of empty frames could load and then take
 // gigabytes to save.
 constexpr qint64 FrameCellBytes = 1024;
-// A placed block or sprite, a tile or a colour with what keeps it.
-constexpr qint64 RecordBytes = 256;
+// A placed block or sprite, a tile or a colour with what keeps it, priced
+// likewise: a placed sprite is an object of thirteen fields in a save.
+constexpr qint64 RecordBytes = 2048;
 
 qint64 area(const QSize& size)
 {

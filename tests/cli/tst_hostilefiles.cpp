@@ -113,6 +113,17 @@ void TestHostileFiles::makeFiles()
     makeArchive("empty-frames.tintorel",
                 { { "project.json", R"({"mapObjects": [{"name": "s", "animations": [{"name": "a", "width": 256,
                                        "height": 256, "frames": [{}, {}, {}, {}, {}, {}, {}, {}, {}, {}]}]}]})" } });
+    // 300,000 sprites placed as "{}": 900 KB to load, a save writes each
+    // with all its fields.
+    QByteArray sprites = "{}";
+    for (int i = 1; i < 300000; ++i)
+        sprites += ",{}";
+    makeArchive("empty-sprites.tintorel",
+                { { "project.json",
+                    QStringLiteral(R"({"maps": [{"id": "%1", "name": "Level", "sprites": [%2]}]})")
+                        .arg(map, QString::fromLatin1(sprites))
+                        .toUtf8() },
+                  { QStringLiteral("tilemap/%1").arg(map), tileMapEntry({ 2, 2 }) } });
     makeArchive("map-2000.tintorel", { { "project.json", mapDocument(map, {}) },
                                        { QStringLiteral("tilemap/%1").arg(map), tileMapEntry({ 2000, 2000 }) } });
 
@@ -166,6 +177,9 @@ void TestHostileFiles::hostileFile_data()
     QTest::newRow("one block of 256 × 256 cells and ten empty frames")
         << QStringList { "info", made("empty-frames.tintorel") } << 1
         << "Invalid project file: animation \"a\" would take the project past the 512 MB a project can hold";
+    QTest::newRow("300,000 sprites placed as empty objects")
+        << QStringList { "info", made("empty-sprites.tintorel") } << 1
+        << "Invalid project file: map \"Level\" would take the project past the 512 MB a project can hold";
     QTest::newRow("1000 blocks over a 1024 × 1024 map")
         << QStringList { "info", made("overlapping-blocks.tintorel") } << 1
         << "Invalid project file: the blocks placed on map Level overlap";
