@@ -33,6 +33,8 @@ AnimationToolBar::AnimationToolBar(QWidget* parent)
 {
     mRow->setContentsMargins(0, 0, 0, 0);
     mName->setPlaceholderText(tr("Enter a name"));
+    // Room for a name to be read when the tab is narrow.
+    mName->setMinimumWidth(mName->fontMetrics().horizontalAdvance(QLatin1Char('M')) * 8);
     mDelay->setWhatsThis(tr("0 = No Delay, 1 = 25fps, 2 = 12.5fps"));
     mDelay->setToolTip(mDelay->toolTip() + QLatin1Char('\n') + mDelay->whatsThis());
     mRow->addWidget(mName, 1);
