@@ -243,7 +243,7 @@ QImage ZipFile::readImage(const QString& name) const
 
 bool ZipFile::write(const QString& name, const QByteArray& bytes)
 {
-    if (mMode != Mode::Writing)
+    if (mMode != Mode::Writing || !usableName(name))
         return false;
     if (!mDeflater)
         mDeflater = std::make_unique<Deflater>();
